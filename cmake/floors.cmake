@@ -1,0 +1,30 @@
+# One object library for each folder of src/, lowest floor first.  A program or a test names the highest floor that
+# it stands on and is given the objects of that floor and of all below it.
+set(ZENDRY_FLOORS foundation language registry evaluator values inspectors client console)
+
+function(zendry_floor name)
+    file(GLOB units CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/src/${name}/*.cc)
+    list(REMOVE_ITEM units ${CMAKE_SOURCE_DIR}/src/console/main.cc)
+    if(units)
+        add_library(zendry_${name} OBJECT ${units})
+        target_include_directories(zendry_${name} PUBLIC ${CMAKE_SOURCE_DIR}/src)
+    endif()
+endfunction()
+
+function(zendry_link_floors target highest)
+    target_include_directories(${target} PRIVATE ${CMAKE_SOURCE_DIR}/src)
+    foreach(floor IN LISTS ZENDRY_FLOORS)
+        if(TARGET zendry_${floor})
+            target_sources(${target} PRIVATE $<TARGET_OBJECTS:zendry_${floor}>)
+        endif()
+        if(floor STREQUAL highest)
+            break()
+        endif()
+    endforeach()
+    target_link_libraries(${target} PRIVATE ${CMAKE_DL_LIBS} pthread)
+endfunction()
+
+function(zendry_program target source highest)
+    add_executable(${target} ${source})
+    zendry_link_floors(${target} ${highest})
+endfunction()
