@@ -32,7 +32,7 @@ public:
     const T& Top() const { return *(top_ - 1); }
 
     // The element below the top; the stack must hold two.
-    T& Second() { return top_ - 2 >= current_->start ? *(top_ - 2) : *(current_->previous->end - (top_ - 1 == current_->start ? 1 : 2)); }
+    T& Second() { return top_ - 1 > current_->start ? *(top_ - 2) : *(current_->previous->end - 1); }
 
     void Push(const T& element) {
         if (top_ == current_->end) {
