@@ -24,6 +24,7 @@ class GuardOperatorAction final : public GuardParsingAction {
 public:
     constexpr GuardOperatorAction(GuardSymbol symbol, GuardOperatorCode code, GuardOperatorFlags flagBits)
         : GuardParsingAction(symbol), operatorCode(code), flags(flagBits) {}
+    constexpr ~GuardOperatorAction() override {}  // g++ 12 knows a defaulted one too late for constants
     void Apply(GuardRPNSemantics& semantics) const override { semantics.Operator(operatorCode, flags); }
 
     const GuardOperatorCode operatorCode;
@@ -34,6 +35,7 @@ public:
 class GuardItAction final : public GuardParsingAction {
 public:
     constexpr explicit GuardItAction(GuardSymbol symbol) : GuardParsingAction(symbol) {}
+    constexpr ~GuardItAction() override {}  // g++ 12 knows a defaulted one too late for constants
     void Apply(GuardRPNSemantics& semantics) const override { semantics.It(); }
 };
 
