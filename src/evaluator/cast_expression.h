@@ -1,0 +1,59 @@
+// Casts: the written `e as t`, which skips values that do not convert, and the conversion that the caller of an
+// expression adds, which is strict.
+#ifndef EVALUATOR_CAST_EXPRESSION_H
+#define EVALUATOR_CAST_EXPRESSION_H
+
+#include <string_view>
+
+#include "evaluator/expression.h"
+
+class ConversionBase : public Expression {
+public:
+    EvaluationStatus TryFirst() final { return First(PlainSteps()); }
+    EvaluationStatus TryNext() final { return Next(PlainSteps()); }
+    EvaluationStatus TryStop() final { return Stop(PlainSteps()); }
+    EvaluationStatus TryFirstFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) final;
+    EvaluationStatus TryNextFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) final;
+    EvaluationStatus TryStopFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) final;
+    void AddDependencies(Fingerprinter& fingerprinter) final;
+    EvaluationStatus AddFingerprint(Fingerprinter& fingerprinter, EvaluationPath& path) final;
+
+    // Binds the operand and then the cast on its type.
+    void Bind(Expression* it, StackAllocatorBase& allocator) final;
+
+    // Finds the cast on the operand's type, where the operand is bound already.
+    // Throws OperationNotDefined and InspectorBlacklisted.
+    void BindCast(StackAllocatorBase& allocator);
+
+protected:
+    // The name's bytes must live as long as the node.
+    ConversionBase(Expression* operand, std::string_view name, bool strict)
+        : Expression(operand), operand_(operand), name_(name), strict_(strict) {}
+
+private:
+    template <class Steps>
+    EvaluationStatus First(const Steps& steps);
+    template <class Steps>
+    EvaluationStatus Next(const Steps& steps);
+    template <class Steps>
+    EvaluationStatus Stop(const Steps& steps);
+    template <class Steps>
+    EvaluationStatus FirstConverted(const Steps& steps, TentativeValue& operand);
+
+    Expression* operand_;
+    std::string_view name_;
+    const CastDefinition* cast_ = nullptr;
+    bool strict_;
+};
+
+class CastExpression final : public ConversionBase {
+public:
+    CastExpression(Expression* operand, std::string_view name) : ConversionBase(operand, name, false) {}
+};
+
+class ImplicitConversion final : public ConversionBase {
+public:
+    ImplicitConversion(Expression* operand, std::string_view name) : ConversionBase(operand, name, true) {}
+};
+
+#endif

@@ -1,0 +1,44 @@
+// `if then else`.
+//
+// One branch may fail to bind: the failure is kept, and surfaces only where that branch is taken.  This is what lets an
+// expression ask for a property that not every machine knows.
+#ifndef EVALUATOR_IF_EXPRESSION_H
+#define EVALUATOR_IF_EXPRESSION_H
+
+#include "evaluator/caught_exception.h"
+#include "evaluator/expression.h"
+
+class IfExpression final : public Expression {
+public:
+    IfExpression(Expression* condition, Expression* thenBranch, Expression* elseBranch);
+
+    EvaluationStatus TryFirst() override { return First(PlainSteps()); }
+    EvaluationStatus TryNext() override { return Next(PlainSteps()); }
+    EvaluationStatus TryStop() override { return Stop(PlainSteps()); }
+    EvaluationStatus TryFirstFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) override;
+    EvaluationStatus TryNextFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) override;
+    EvaluationStatus TryStopFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) override;
+    void AddDependencies(Fingerprinter& fingerprinter) override;
+    EvaluationStatus AddFingerprint(Fingerprinter& fingerprinter, EvaluationPath& path) override;
+    void Bind(Expression* it, StackAllocatorBase& allocator) override;
+
+private:
+    template <class Steps>
+    EvaluationStatus First(const Steps& steps);
+    template <class Steps>
+    EvaluationStatus Next(const Steps& steps);
+    template <class Steps>
+    EvaluationStatus Stop(const Steps& steps);
+
+    bool BoundQuietly(Expression* branch, Expression* it, StackAllocatorBase& allocator);
+    Expression* Chosen(bool condition) const;
+
+    Expression* condition_;
+    Expression* then_;
+    Expression* else_;
+    Expression* broken_ = nullptr;
+    AutoPtr<CaughtException> captured_;
+    Expression* chosen_ = nullptr;
+};
+
+#endif

@@ -1,0 +1,35 @@
+#include "evaluator/inspector_context.h"
+
+ThreadLocalPtr<InspectorContext, DoNotDispose> InspectorContextMaintainer::current;
+ThreadLocalPtr<InspectorInterrupter, DoNotDispose> InspectorContextMaintainer::currentInterrupter;
+
+namespace {
+
+class DoNotInterrupt final : public InspectorInterrupter {
+public:
+    bool ShouldContinue() override { return true; }
+    void Interrupted() override {}
+};
+
+DoNotInterrupt doNotInterrupt;
+
+}  // namespace
+
+InspectorInterrupter& CurrentInterrupter() {
+    InspectorInterrupter* interrupter = InspectorContextMaintainer::currentInterrupter.Get();
+    if (interrupter == nullptr) {
+        interrupter = dynamic_cast<InspectorInterrupter*>(InspectorContextMaintainer::current.Get());
+        if (interrupter == nullptr) {
+            interrupter = &doNotInterrupt;
+        }
+        InspectorContextMaintainer::currentInterrupter.Set(interrupter);
+    }
+    return *interrupter;
+}
+
+void CheckForInterruption() {
+    InspectorInterrupter& interrupter = CurrentInterrupter();
+    if (&interrupter != &doNotInterrupt && !interrupter.ShouldContinue()) {
+        interrupter.Interrupted();
+    }
+}

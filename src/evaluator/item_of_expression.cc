@@ -1,0 +1,87 @@
+#include "evaluator/item_of_expression.h"
+
+#include "evaluator/failure.h"
+#include "registry/core_values.h"
+#include "registry/tuple_definition.h"
+
+void ItemOfExpression::Bind(Expression* it, StackAllocatorBase& allocator) {
+    index_->Bind(it, allocator);
+    tuple_->Bind(it, allocator);
+    const int64_t* literal = index_->IntegerLiteral();
+    if (literal == nullptr) {
+        throw TupleIndexNotAnIntegerLiteral();
+    }
+    literal_ = *literal;
+    if (literal_ >> 32 != 0) {
+        throw TupleIndexOutOfRange(literal_);
+    }
+    const TupleDefinition* definition = tuple_->Type()->tuple;
+    for (int64_t i = 0; i < literal_ && definition != nullptr; ++i) {
+        definition = definition->restType->tuple;
+    }
+    if (definition == nullptr) {
+        throw TupleIndexOutOfRange(literal_);
+    }
+    type_ = definition->firstType;
+    byParts_ = tuple_->CanFingerprint();
+    completeDependencies_ = tuple_->HasCompleteDependencies();
+    settled_ = tuple_->IsSettled();
+}
+
+void ItemOfExpression::TakeElement(TentativeValue& tuple) {
+    const auto* node = static_cast<const TupleNode*>(tuple_->Value());
+    if (node == nullptr) {
+        return;
+    }
+    for (int64_t i = 0; i < literal_; ++i) {
+        node = static_cast<const TupleNode*>(node->rest);
+    }
+    slot_.value = const_cast<void*>(node->first);
+    tuple.Release();
+}
+
+template <class Steps>
+EvaluationStatus ItemOfExpression::First(const Steps& steps) {
+    slot_.value = nullptr;
+    TentativeValue tuple(tuple_);
+    const EvaluationStatus status = steps.First(tuple);
+    if (status == StatusOk) {
+        TakeElement(tuple);
+    }
+    return status;
+}
+
+template <class Steps>
+EvaluationStatus ItemOfExpression::Next(const Steps& steps) {
+    slot_.value = nullptr;
+    TentativeValue tuple(tuple_);
+    const EvaluationStatus status = steps.Next(tuple);
+    if (status == StatusOk) {
+        TakeElement(tuple);
+    }
+    return status;
+}
+
+template <class Steps>
+EvaluationStatus ItemOfExpression::Stop(const Steps& steps) {
+    slot_.value = nullptr;
+    return steps.Finish(tuple_);
+}
+
+EvaluationStatus ItemOfExpression::TryFirstFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) {
+    return byParts_ ? First(FingerprintedSteps{fingerprinter, path})
+                    : Expression::TryFirstFingerprinted(fingerprinter, path);
+}
+
+EvaluationStatus ItemOfExpression::TryNextFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) {
+    return byParts_ ? Next(FingerprintedSteps{fingerprinter, path})
+                    : Expression::TryNextFingerprinted(fingerprinter, path);
+}
+
+EvaluationStatus ItemOfExpression::TryStopFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) {
+    return byParts_ ? Stop(FingerprintedSteps{fingerprinter, path}) : TryStop();
+}
+
+EvaluationStatus ItemOfExpression::AddFingerprint(Fingerprinter& fingerprinter, EvaluationPath& path) {
+    return byParts_ ? tuple_->AddFingerprint(fingerprinter, path) : Expression::AddFingerprint(fingerprinter, path);
+}

@@ -1,0 +1,103 @@
+#include "evaluator/tuple_expression.h"
+
+#include "registry/type_registry.h"
+
+void TupleExpression::Bind(Expression* it, StackAllocatorBase& allocator) {
+    left_->Bind(it, allocator);
+    right_->Bind(it, allocator);
+    type_ = TypeRegistry::Instance().TupleTypeFor(left_->Type(), right_->Type());
+    plural_ = plural_ || left_->IsPlural() || right_->IsPlural();
+    byParts_ = left_->CanFingerprint() && right_->CanFingerprint();
+    completeDependencies_ = left_->HasCompleteDependencies() && right_->HasCompleteDependencies();
+    settled_ = left_->IsSettled() && right_->IsSettled();
+}
+
+// Pairs the left's current value, or the next one that has a right value, with the right's first.
+template <class Steps>
+EvaluationStatus TupleExpression::Pair(const Steps& steps, TentativeValue& left) {
+    while (left_->Value() != nullptr) {
+        TentativeValue right(right_);
+        EvaluationStatus status = steps.First(right);
+        if (status != StatusOk) {
+            return status;
+        }
+        if (right_->Value() != nullptr) {
+            pair_ = {left_->Value(), right_->Value()};
+            slot_.value = &pair_;
+            left.Release();
+            right.Release();
+            return StatusOk;
+        }
+        status = steps.Next(left);
+        if (status != StatusOk) {
+            return status;
+        }
+    }
+    return StatusOk;
+}
+
+template <class Steps>
+EvaluationStatus TupleExpression::First(const Steps& steps) {
+    slot_.value = nullptr;
+    TentativeValue left(left_);
+    const EvaluationStatus status = steps.First(left);
+    return status != StatusOk ? status : Pair(steps, left);
+}
+
+template <class Steps>
+EvaluationStatus TupleExpression::Next(const Steps& steps) {
+    slot_.value = nullptr;
+    TentativeValue left(left_);
+    {
+        TentativeValue right(right_);
+        const EvaluationStatus status = steps.Next(right);
+        if (status != StatusOk) {
+            return status;
+        }
+        if (right_->Value() != nullptr) {
+            pair_.rest = right_->Value();
+            slot_.value = &pair_;
+            left.Release();
+            right.Release();
+            return StatusOk;
+        }
+    }
+    const EvaluationStatus status = steps.Next(left);
+    return status != StatusOk ? status : Pair(steps, left);
+}
+
+template <class Steps>
+EvaluationStatus TupleExpression::Stop(const Steps& steps) {
+    slot_.value = nullptr;
+    TentativeValue left(left_);
+    const EvaluationStatus rightStatus = steps.Finish(right_);
+    const EvaluationStatus leftStatus = steps.Finish(left);
+    return rightStatus != StatusOk ? rightStatus : leftStatus;
+}
+
+EvaluationStatus TupleExpression::TryFirstFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) {
+    return byParts_ ? First(FingerprintedSteps{fingerprinter, path})
+                    : Expression::TryFirstFingerprinted(fingerprinter, path);
+}
+
+EvaluationStatus TupleExpression::TryNextFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) {
+    return byParts_ ? Next(FingerprintedSteps{fingerprinter, path})
+                    : Expression::TryNextFingerprinted(fingerprinter, path);
+}
+
+EvaluationStatus TupleExpression::TryStopFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) {
+    return byParts_ ? Stop(FingerprintedSteps{fingerprinter, path}) : TryStop();
+}
+
+void TupleExpression::AddDependencies(Fingerprinter& fingerprinter) {
+    left_->AddDependencies(fingerprinter);
+    right_->AddDependencies(fingerprinter);
+}
+
+EvaluationStatus TupleExpression::AddFingerprint(Fingerprinter& fingerprinter, EvaluationPath& path) {
+    if (!byParts_) {
+        return Expression::AddFingerprint(fingerprinter, path);
+    }
+    const EvaluationStatus status = left_->AddFingerprint(fingerprinter, path);
+    return status != StatusOk ? status : right_->AddFingerprint(fingerprinter, path);
+}

@@ -1,0 +1,39 @@
+// The tuple, `a, b`: the cross product of its two sides, the left one the outer loop.
+//
+// A left value for which the right has no value is skipped.  The value is the pair of the two current values' places.
+#ifndef EVALUATOR_TUPLE_EXPRESSION_H
+#define EVALUATOR_TUPLE_EXPRESSION_H
+
+#include "evaluator/expression.h"
+#include "registry/core_values.h"
+
+class TupleExpression final : public Expression {
+public:
+    TupleExpression(Expression* left, Expression* right) : Expression(left, right), left_(left), right_(right) {}
+
+    EvaluationStatus TryFirst() override { return First(PlainSteps()); }
+    EvaluationStatus TryNext() override { return Next(PlainSteps()); }
+    EvaluationStatus TryStop() override { return Stop(PlainSteps()); }
+    EvaluationStatus TryFirstFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) override;
+    EvaluationStatus TryNextFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) override;
+    EvaluationStatus TryStopFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) override;
+    void AddDependencies(Fingerprinter& fingerprinter) override;
+    EvaluationStatus AddFingerprint(Fingerprinter& fingerprinter, EvaluationPath& path) override;
+    void Bind(Expression* it, StackAllocatorBase& allocator) override;
+
+private:
+    template <class Steps>
+    EvaluationStatus First(const Steps& steps);
+    template <class Steps>
+    EvaluationStatus Next(const Steps& steps);
+    template <class Steps>
+    EvaluationStatus Stop(const Steps& steps);
+    template <class Steps>
+    EvaluationStatus Pair(const Steps& steps, TentativeValue& left);
+
+    Expression* left_;
+    Expression* right_;
+    TupleNode pair_;
+};
+
+#endif

@@ -1,0 +1,44 @@
+// `whose`: a filter, and the inner loop of most queries.
+//
+// The condition is true where all of its values are, so that a plural condition with none lets a candidate through.  It
+// never fails: every trouble but an interruption makes the candidate false.  It runs under a memory mark of its own, so
+// that a filter over any number of candidates stays in the memory of one.
+#ifndef EVALUATOR_WHOSE_EXPRESSION_H
+#define EVALUATOR_WHOSE_EXPRESSION_H
+
+#include "evaluator/expression.h"
+
+class WhoseExpression final : public Expression {
+public:
+    WhoseExpression(Expression* filtered, Expression* condition)
+        : Expression(filtered, condition), filtered_(filtered), condition_(condition) {}
+
+    EvaluationStatus TryFirst() override { return First(PlainSteps()); }
+    EvaluationStatus TryNext() override { return Next(PlainSteps()); }
+    EvaluationStatus TryStop() override { return Stop(PlainSteps()); }
+    EvaluationStatus TryFirstFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) override;
+    EvaluationStatus TryNextFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) override;
+    EvaluationStatus TryStopFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) override;
+    void AddDependencies(Fingerprinter& fingerprinter) override;
+    EvaluationStatus AddFingerprint(Fingerprinter& fingerprinter, EvaluationPath& path) override;
+    void Bind(Expression* it, StackAllocatorBase& allocator) override;
+
+private:
+    template <class Steps>
+    EvaluationStatus First(const Steps& steps);
+    template <class Steps>
+    EvaluationStatus Next(const Steps& steps);
+    template <class Steps>
+    EvaluationStatus Stop(const Steps& steps);
+    template <class Steps>
+    EvaluationStatus FirstAccepted(const Steps& steps, TentativeValue& filtered);
+
+    bool ConditionHolds();
+    bool AllValuesHold();
+
+    Expression* filtered_;
+    Expression* condition_;
+    StackAllocatorBase* memory_ = nullptr;
+};
+
+#endif
