@@ -7,9 +7,13 @@
 #include <limits>
 
 bool FileReader::HasData() {
-    length_ = path_.Length();
-    if (length_ < 0) {
+    const int64_t length = path_.Length();
+    if (length < 0) {
         return Peek();
+    }
+    if (length != length_) {
+        length_ = length;
+        exhausted_ = false;
     }
     return !exhausted_ && position_ < static_cast<uint64_t>(length_);
 }
@@ -51,7 +55,7 @@ size_t FileReader::ReadOnce(unsigned char* begin, size_t length) {
         *begin = peeked_;
         hasPeeked_ = false;
     }
-    // Some files claim a length that they do not fill, and asking them again would never end.
+    // Some files claim a length that they do not fill.  Asking them again would never end, until the length changes.
     exhausted_ = count == 0;
     position_ += count;
     return count;
