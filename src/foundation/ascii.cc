@@ -9,7 +9,8 @@ namespace {
 constexpr std::array<unsigned char, 256> MakeTable(unsigned char first, unsigned char last, int step) {
     std::array<unsigned char, 256> table{};
     for (unsigned i = 0; i < 256; ++i) {
-        table[i] = static_cast<unsigned char>(i >= first && i <= last ? static_cast<int>(i) + step : static_cast<int>(i));
+        table[i] =
+            static_cast<unsigned char>(i >= first && i <= last ? static_cast<int>(i) + step : static_cast<int>(i));
     }
     return table;
 }
