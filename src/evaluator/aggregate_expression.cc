@@ -38,6 +38,8 @@ EvaluationStatus AggregateExpression::TryNext() {
     return StatusOk;
 }
 
+EvaluationStatus AggregateExpression::TryFirst() { return First(PlainSteps()); }
+
 EvaluationStatus AggregateExpression::TryFirstFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) {
     return byParts_ ? First(FingerprintedSteps{fingerprinter, path})
                     : Expression::TryFirstFingerprinted(fingerprinter, path);

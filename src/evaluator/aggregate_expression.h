@@ -11,7 +11,7 @@
 
 class AggregateExpression : public Expression {
 public:
-    EvaluationStatus TryFirst() final { return First(PlainSteps()); }
+    EvaluationStatus TryFirst() final;
     EvaluationStatus TryNext() final;
     EvaluationStatus TryStop() final { return TryNext(); }
     EvaluationStatus TryFirstFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) final;

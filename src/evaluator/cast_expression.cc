@@ -63,6 +63,10 @@ EvaluationStatus ConversionBase::Stop(const Steps& steps) {
     return steps.Finish(operand_);
 }
 
+EvaluationStatus ConversionBase::TryFirst() { return First(PlainSteps()); }
+EvaluationStatus ConversionBase::TryNext() { return Next(PlainSteps()); }
+EvaluationStatus ConversionBase::TryStop() { return Stop(PlainSteps()); }
+
 EvaluationStatus ConversionBase::TryFirstFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) {
     return byParts_ ? First(FingerprintedSteps{fingerprinter, path})
                     : Expression::TryFirstFingerprinted(fingerprinter, path);

@@ -9,9 +9,9 @@
 
 class ConversionBase : public Expression {
 public:
-    EvaluationStatus TryFirst() final { return First(PlainSteps()); }
-    EvaluationStatus TryNext() final { return Next(PlainSteps()); }
-    EvaluationStatus TryStop() final { return Stop(PlainSteps()); }
+    EvaluationStatus TryFirst() final;
+    EvaluationStatus TryNext() final;
+    EvaluationStatus TryStop() final;
     EvaluationStatus TryFirstFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) final;
     EvaluationStatus TryNextFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) final;
     EvaluationStatus TryStopFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) final;

@@ -80,6 +80,10 @@ EvaluationStatus CollectionExpression::Stop(const Steps& steps) {
     return steps.Finish(items_[current_]);
 }
 
+EvaluationStatus CollectionExpression::TryFirst() { return First(PlainSteps()); }
+EvaluationStatus CollectionExpression::TryNext() { return Next(PlainSteps()); }
+EvaluationStatus CollectionExpression::TryStop() { return Stop(PlainSteps()); }
+
 EvaluationStatus CollectionExpression::TryFirstFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) {
     return byParts_ ? First(FingerprintedSteps{fingerprinter, path})
                     : Expression::TryFirstFingerprinted(fingerprinter, path);

@@ -13,9 +13,9 @@ public:
     // `nested` is `left` where that is itself a collection.
     CollectionExpression(Expression* left, Expression* right, CollectionExpression* nested);
 
-    EvaluationStatus TryFirst() override { return First(PlainSteps()); }
-    EvaluationStatus TryNext() override { return Next(PlainSteps()); }
-    EvaluationStatus TryStop() override { return Stop(PlainSteps()); }
+    EvaluationStatus TryFirst() override;
+    EvaluationStatus TryNext() override;
+    EvaluationStatus TryStop() override;
     EvaluationStatus TryFirstFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) override;
     EvaluationStatus TryNextFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) override;
     EvaluationStatus TryStopFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) override;

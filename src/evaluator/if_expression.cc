@@ -89,6 +89,10 @@ EvaluationStatus IfExpression::Stop(const Steps& steps) {
     return steps.Finish(chosen_);
 }
 
+EvaluationStatus IfExpression::TryFirst() { return First(PlainSteps()); }
+EvaluationStatus IfExpression::TryNext() { return Next(PlainSteps()); }
+EvaluationStatus IfExpression::TryStop() { return Stop(PlainSteps()); }
+
 EvaluationStatus IfExpression::TryFirstFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) {
     return byParts_ ? First(FingerprintedSteps{fingerprinter, path})
                     : Expression::TryFirstFingerprinted(fingerprinter, path);

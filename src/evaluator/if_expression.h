@@ -12,9 +12,9 @@ class IfExpression final : public Expression {
 public:
     IfExpression(Expression* condition, Expression* thenBranch, Expression* elseBranch);
 
-    EvaluationStatus TryFirst() override { return First(PlainSteps()); }
-    EvaluationStatus TryNext() override { return Next(PlainSteps()); }
-    EvaluationStatus TryStop() override { return Stop(PlainSteps()); }
+    EvaluationStatus TryFirst() override;
+    EvaluationStatus TryNext() override;
+    EvaluationStatus TryStop() override;
     EvaluationStatus TryFirstFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) override;
     EvaluationStatus TryNextFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) override;
     EvaluationStatus TryStopFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) override;

@@ -68,6 +68,10 @@ EvaluationStatus ItemOfExpression::Stop(const Steps& steps) {
     return steps.Finish(tuple_);
 }
 
+EvaluationStatus ItemOfExpression::TryFirst() { return First(PlainSteps()); }
+EvaluationStatus ItemOfExpression::TryNext() { return Next(PlainSteps()); }
+EvaluationStatus ItemOfExpression::TryStop() { return Stop(PlainSteps()); }
+
 EvaluationStatus ItemOfExpression::TryFirstFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) {
     return byParts_ ? First(FingerprintedSteps{fingerprinter, path})
                     : Expression::TryFirstFingerprinted(fingerprinter, path);

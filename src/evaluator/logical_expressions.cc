@@ -48,6 +48,8 @@ EvaluationStatus BinaryLogicalExpression::TryNext() {
     return StatusOk;
 }
 
+EvaluationStatus BinaryLogicalExpression::TryFirst() { return First(PlainSteps()); }
+
 EvaluationStatus BinaryLogicalExpression::TryFirstFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) {
     return byParts_ ? First(FingerprintedSteps{fingerprinter, path})
                     : Expression::TryFirstFingerprinted(fingerprinter, path);

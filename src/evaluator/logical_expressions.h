@@ -24,7 +24,7 @@ EvaluationStatus ReadCondition(const Steps& steps, Expression* condition, boolea
 
 class BinaryLogicalExpression : public Expression {
 public:
-    EvaluationStatus TryFirst() final { return First(PlainSteps()); }
+    EvaluationStatus TryFirst() final;
     EvaluationStatus TryNext() final;
     EvaluationStatus TryStop() final { return TryNext(); }
     EvaluationStatus TryFirstFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) final;

@@ -41,6 +41,10 @@ EvaluationStatus UnaryExpression::Next(const Steps& steps) {
     return steps.Finish(operand_);
 }
 
+EvaluationStatus UnaryExpression::TryFirst() { return First(PlainSteps()); }
+EvaluationStatus UnaryExpression::TryNext() { return Next(PlainSteps()); }
+EvaluationStatus UnaryExpression::TryStop() { return Next(PlainSteps()); }
+
 EvaluationStatus UnaryExpression::TryFirstFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) {
     return byParts_ ? First(FingerprintedSteps{fingerprinter, path})
                     : Expression::TryFirstFingerprinted(fingerprinter, path);
@@ -145,6 +149,10 @@ EvaluationStatus BinaryOperatorExpression::Next(const Steps& steps) {
     const EvaluationStatus leftStatus = steps.Finish(left);
     return rightStatus != StatusOk ? rightStatus : leftStatus;
 }
+
+EvaluationStatus BinaryOperatorExpression::TryFirst() { return First(PlainSteps()); }
+EvaluationStatus BinaryOperatorExpression::TryNext() { return Next(PlainSteps()); }
+EvaluationStatus BinaryOperatorExpression::TryStop() { return Next(PlainSteps()); }
 
 EvaluationStatus BinaryOperatorExpression::TryFirstFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) {
     return byParts_ ? First(FingerprintedSteps{fingerprinter, path})

@@ -9,9 +9,9 @@
 
 class UnaryExpression : public Expression {
 public:
-    EvaluationStatus TryFirst() final { return First(PlainSteps()); }
-    EvaluationStatus TryNext() final { return Next(PlainSteps()); }
-    EvaluationStatus TryStop() final { return Next(PlainSteps()); }
+    EvaluationStatus TryFirst() final;
+    EvaluationStatus TryNext() final;
+    EvaluationStatus TryStop() final;
     EvaluationStatus TryFirstFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) final;
     EvaluationStatus TryNextFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) final;
     EvaluationStatus TryStopFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) final;
@@ -60,9 +60,9 @@ public:
     BinaryOperatorExpression(int code, Expression* left, Expression* right)
         : Expression(left, right), left_(left), right_(right), code_(code) {}
 
-    EvaluationStatus TryFirst() override { return First(PlainSteps()); }
-    EvaluationStatus TryNext() override { return Next(PlainSteps()); }
-    EvaluationStatus TryStop() override { return Next(PlainSteps()); }
+    EvaluationStatus TryFirst() override;
+    EvaluationStatus TryNext() override;
+    EvaluationStatus TryStop() override;
     EvaluationStatus TryFirstFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) override;
     EvaluationStatus TryNextFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) override;
     EvaluationStatus TryStopFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) override;

@@ -233,6 +233,10 @@ EvaluationStatus PropertyExpression::Stop(const Steps& steps) {
     return Driver()->Value() != nullptr ? steps.Finish(Driver()) : StatusOk;
 }
 
+EvaluationStatus PropertyExpression::TryFirst() { return First(PlainSteps()); }
+EvaluationStatus PropertyExpression::TryNext() { return Next(PlainSteps()); }
+EvaluationStatus PropertyExpression::TryStop() { return Stop(PlainSteps()); }
+
 EvaluationStatus PropertyExpression::TryFirstFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) {
     return byParts_ ? First(FingerprintedSteps{fingerprinter, path})
                     : Expression::TryFirstFingerprinted(fingerprinter, path);

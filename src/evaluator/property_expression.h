@@ -17,9 +17,9 @@ public:
     PropertyExpression(std::string_view phrase, Expression* index, Expression* object);
     ~PropertyExpression() override;
 
-    EvaluationStatus TryFirst() override { return First(PlainSteps()); }
-    EvaluationStatus TryNext() override { return Next(PlainSteps()); }
-    EvaluationStatus TryStop() override { return Stop(PlainSteps()); }
+    EvaluationStatus TryFirst() override;
+    EvaluationStatus TryNext() override;
+    EvaluationStatus TryStop() override;
     EvaluationStatus TryFirstFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) override;
     EvaluationStatus TryNextFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) override;
     EvaluationStatus TryStopFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) override;

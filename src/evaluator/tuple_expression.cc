@@ -75,6 +75,10 @@ EvaluationStatus TupleExpression::Stop(const Steps& steps) {
     return rightStatus != StatusOk ? rightStatus : leftStatus;
 }
 
+EvaluationStatus TupleExpression::TryFirst() { return First(PlainSteps()); }
+EvaluationStatus TupleExpression::TryNext() { return Next(PlainSteps()); }
+EvaluationStatus TupleExpression::TryStop() { return Stop(PlainSteps()); }
+
 EvaluationStatus TupleExpression::TryFirstFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) {
     return byParts_ ? First(FingerprintedSteps{fingerprinter, path})
                     : Expression::TryFirstFingerprinted(fingerprinter, path);

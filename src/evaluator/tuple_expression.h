@@ -11,9 +11,9 @@ class TupleExpression final : public Expression {
 public:
     TupleExpression(Expression* left, Expression* right) : Expression(left, right), left_(left), right_(right) {}
 
-    EvaluationStatus TryFirst() override { return First(PlainSteps()); }
-    EvaluationStatus TryNext() override { return Next(PlainSteps()); }
-    EvaluationStatus TryStop() override { return Stop(PlainSteps()); }
+    EvaluationStatus TryFirst() override;
+    EvaluationStatus TryNext() override;
+    EvaluationStatus TryStop() override;
     EvaluationStatus TryFirstFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) override;
     EvaluationStatus TryNextFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) override;
     EvaluationStatus TryStopFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) override;

@@ -101,6 +101,10 @@ EvaluationStatus WhoseExpression::Stop(const Steps& steps) {
     return steps.Finish(filtered_);
 }
 
+EvaluationStatus WhoseExpression::TryFirst() { return First(PlainSteps()); }
+EvaluationStatus WhoseExpression::TryNext() { return Next(PlainSteps()); }
+EvaluationStatus WhoseExpression::TryStop() { return Stop(PlainSteps()); }
+
 EvaluationStatus WhoseExpression::TryFirstFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) {
     if (!byParts_) {
         return Expression::TryFirstFingerprinted(fingerprinter, path);

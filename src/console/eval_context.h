@@ -1,0 +1,22 @@
+// What the console lends to inspectors.
+#ifndef CONSOLE_EVAL_CONTEXT_H
+#define CONSOLE_EVAL_CONTEXT_H
+
+#include "evaluator/inspector_context.h"
+
+// Made on the entry's stack; lives until the query loop has ended.
+class EvalContext final : public InspectorContext, public InspectorStorageContext {
+public:
+    // `host` is for the host's own use and is null in the console.
+    explicit EvalContext(void* host) : host_(host) {}
+
+    // Installs the console's functions.
+    void SetUp();
+
+    void* Host() const { return host_; }
+
+private:
+    void* host_;
+};
+
+#endif

@@ -1,0 +1,99 @@
+#include "console/query_loops.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <string>
+
+#include "console/cout_line_receiver.h"
+#include "console/expression_message_maker.h"
+#include "console/guard_receiver.h"
+#include "console/question_asker.h"
+#include "console/questioner.h"
+#include "foundation/file_error.h"
+#include "foundation/file_location.h"
+#include "foundation/read_lines.h"
+
+namespace {
+
+// The chain of objects between a line and its answers, in the order of their construction.
+struct Chain {
+    Chain(const ZendryCommandLine& commandLine, InspectorContext* context, bool interactive)
+        : output(commandLine.outputFile, interactive), receiver(context), asker(receiver, messages, output) {
+        asker.SetEcho(!interactive);
+        asker.Configure(true, interactive || commandLine.timing, true, commandLine.showTypes);
+        questioner.SetReceivers(output, asker);
+    }
+
+    CoutLineReceiver output;
+    ExpressionMessageMaker messages;
+    zendryGuardReceiver receiver;
+    QuestionAsker asker;
+    Questioner questioner;
+};
+
+void Send(LineReceiver& receiver, const std::string& text) {
+    const ConstData data(text);
+    receiver.Text(data.begin, data.end);
+}
+
+// Reads a line with its terminator, however long.  False at the end of the input, where text without a terminator is
+// dropped and the terminal's line is ended.
+bool ReadQuestionLine(std::string& line) {
+    line.clear();
+    char buffer[1024];
+    for (;;) {
+        errno = 0;
+        if (std::fgets(buffer, sizeof buffer, stdin) == nullptr) {
+            // A child that ends interrupts the read; any other trouble is the end of the input.
+            if (std::feof(stdin) == 0 && errno == EINTR) {
+                std::clearerr(stdin);
+                continue;
+            }
+            break;
+        }
+        if (buffer[0] == '\0') {
+            break;
+        }
+        line += buffer;
+        if (line.back() == '\n' || line.back() == '\r') {
+            return true;
+        }
+    }
+    std::fputc('\n', stdout);
+    std::fflush(stdout);
+    return false;
+}
+
+}  // namespace
+
+void RunInteractive(const ZendryCommandLine& commandLine, InspectorContext* context) {
+    Chain chain(commandLine, context, true);
+    chain.questioner.Start(0);
+    std::string line;
+    for (;;) {
+        // The prompt is a line of its own to the questioner: it closes the question before it, which prints its answers.
+        Send(chain.questioner, "Q: ");
+        chain.output.Flush();
+        if (!ReadQuestionLine(line)) {
+            break;
+        }
+        chain.asker.RestartTimer();
+        Send(chain.questioner, line);
+        chain.questioner.EndOfLine(0, 0);
+    }
+}
+
+void RunBatch(const ZendryCommandLine& commandLine, InspectorContext* context) {
+    if (commandLine.files.empty()) {
+        return;
+    }
+    Chain chain(commandLine, context, false);
+    for (const char* name : commandLine.files) {
+        try {
+            ReadLines(FileLocation(name), chain.questioner);
+        } catch (const FileIOError& error) {
+            errno = error.Code();
+            std::perror(name);
+        }
+    }
+}
