@@ -53,6 +53,15 @@ TEST(OperatorLexeme, TheLongestOperatorWins) {
     EXPECT_EQ(Tokens("())"), "0 1 1");
 }
 
+// The rows of the table end in a zero byte, which a text may hold too.
+TEST(OperatorLexeme, AZeroByteEndsItLikeAnyOtherByte) {
+    for (const Row& row : rows) {
+        const std::string text = row.text;
+        EXPECT_EQ(Tokens(text + std::string(3, '\0')), std::string(row.action) + " !UnexpectedCharacter") << text;
+    }
+    EXPECT_EQ(Tokens(std::string("!\0", 2)), "!InvalidOperator");
+}
+
 TEST(OperatorLexeme, KnowsThePlaceOfEach) { EXPECT_EQ(Positions("( <= )>/"), "0-1 2-4 5-6 6-7 7-8.8"); }
 
 }  // namespace
