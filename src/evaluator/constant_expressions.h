@@ -85,9 +85,11 @@ public:
     // The world is transparent to an enclosing `it`.
     Expression* ItSource() override { return it_; }
     void Bind(Expression* it, StackAllocatorBase& allocator) override;
+    void* const* DirectValue() override { return &place_; }
 
 private:
     Expression* it_ = nullptr;
+    void* place_ = &theWorld;
 };
 
 // The current value of the nearest enclosing source, which is parked on it while anything bound inside it runs: always
