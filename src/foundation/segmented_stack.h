@@ -14,6 +14,7 @@
 template <class T, size_t FirstCapacity>
 class SegmentedStack {
     static_assert(std::is_trivially_copyable_v<T> && std::is_trivially_destructible_v<T>);
+    static_assert(alignof(T) <= __STDCPP_DEFAULT_NEW_ALIGNMENT__, "a heap block would not be aligned for T");
 
 public:
     SegmentedStack() { Enter(&first_, firstSpace_, FirstCapacity); }
