@@ -13,9 +13,10 @@ void GuardParser::Start() {
 // Moves the top position along its alternatives to the first place that awaits `symbol` or waits for nothing; if there
 // is none, it stays.
 void GuardParser::Seek(GuardSymbol symbol) {
-    for (const RuleNode* node = stack_.Top(); node != nullptr; node = node->alternative) {
-        if (node->IsTerminal() || node->symbol == symbol) {
-            stack_.Top() = node;
+    const RuleNode*& top = stack_.Top();
+    for (const RuleNode* node = top; node != nullptr; node = node->alternative) {
+        if (node->symbol == symbol || node->IsTerminal()) {
+            top = node;
             return;
         }
     }

@@ -11,7 +11,7 @@
 #include "language/reserved_word.h"
 
 // The rows [low, high) share their first `depth` bytes with the text so far.  Since a row sorts before those that it
-// begins, a row that ends here is the one at `low`.  The text must not hold a zero byte.
+// begins, a row that ends here is the one at `low`.
 template <class T>
 class NarrowingSearch {
 public:
@@ -26,8 +26,11 @@ public:
     }
 
     // Narrows the rows to those that go on with `byte`.  When there are none it returns false and leaves the search
-    // as it was.
+    // as it was.  A zero byte of the text is no row's end: it leaves no rows.
     bool Narrow(unsigned char byte) {
+        if (byte == 0) {
+            return false;
+        }
         const Row* const low = FirstNotBefore(low_, byte);
         if (low == high_ || ByteOf(*low) != byte) {
             return false;
