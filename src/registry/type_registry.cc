@@ -89,7 +89,7 @@ void TypeRegistry::Build() {
     undefined_ = RegisteredType("undefined");
     RestoreTuples();
     for (GuardType* type : typeTable_) {
-        type->parent = type->parentName == nullptr ? nullptr : TypeByName(type->parentName);
+        type->parent = type->parentName == nullptr ? nullptr : ResolvedType(type->parentName);
     }
     BuildProperties();
     BuildCasts();
@@ -259,15 +259,11 @@ const GuardType* TypeRegistry::TupleByName(std::string_view name) const {
     if (open != 0) {
         return nullptr;  // A prefix names a type derived from the tuple, and those are found as they are registered.
     }
-    std::vector<const GuardType*> elements;
+    std::vector<std::string_view> elements;
     std::string_view rest = structure.substr(2, structure.size() - 4);
     for (;;) {
         const std::string_view element = BeforeTopLevelComma(rest);
-        const GuardType* type = element.empty() ? nullptr : TypeByName(element);
-        if (type == nullptr) {
-            return nullptr;
-        }
-        elements.push_back(type);
+        elements.push_back(element);
         if (element.size() == rest.size()) {
             break;
         }
@@ -279,7 +275,11 @@ const GuardType* TypeRegistry::TupleByName(std::string_view name) const {
     }
     const GuardType* tuple = world_;
     for (auto element = elements.rbegin(); element != elements.rend(); ++element) {
-        tuple = TupleTypeFor(*element, tuple);
+        const GuardType* type = element->empty() ? nullptr : TypeByName(*element);
+        if (type == nullptr) {
+            return nullptr;
+        }
+        tuple = TupleTypeFor(type, tuple);
     }
     return tuple;
 }
