@@ -28,6 +28,9 @@ public:
     // "( integer, string )"; made at the first call.  Throws std::bad_alloc.
     std::string_view Name() const;
 
+    // Has the name made anew: another element may since stand where the one that was named stood.
+    void ForgetName() { name_.clear(); }
+
     // Finds the elements' casts and operators, quietly: what a look-up does not find is not there.  Throws
     // std::bad_alloc alone.
     void Complete(const TypeRegistry& registry);

@@ -97,9 +97,7 @@ void TypeRegistry::Build() {
     BuildBinaryOperators();
     ApplyBlacklist();
     complete_ = true;
-    for (size_t i = 0; i < tuples_.Size(); ++i) {
-        tuples_[i].Complete(*this);
-    }
+    CompleteTuples();
 }
 
 void TypeRegistry::BuildTypes() {
@@ -129,9 +127,21 @@ void TypeRegistry::RestoreTuples() {
         if (live.count(tuple.firstType) != 0 && live.count(tuple.restType) != 0) {
             tupleTypes_.emplace(std::pair(tuple.firstType, tuple.restType), &tuple);
             live.insert(&tuple.type);
+            tuple.ForgetName();
         }
         tuple.type.properties = {};
         tuple.type.indexedProperties = {};
+    }
+}
+
+// In the order in which they were made, so that a rest is complete before what stands in front of it.  The elements of
+// a tuple type that is not found again may be gone.
+void TypeRegistry::CompleteTuples() {
+    for (size_t i = 0; i < tuples_.Size(); ++i) {
+        const auto place = tupleTypes_.find(std::pair(tuples_[i].firstType, tuples_[i].restType));
+        if (place != tupleTypes_.end() && place->second == &tuples_[i]) {
+            tuples_[i].Complete(*this);
+        }
     }
 }
 
@@ -465,9 +475,7 @@ std::string TypeRegistry::Key(const CastDefinition& cast) {
 void TypeRegistry::SetBlacklist(std::string_view text) {
     blacklist_ = text;
     ApplyBlacklist();
-    for (size_t i = 0; i < tuples_.Size(); ++i) {
-        tuples_[i].Complete(*this);
-    }
+    CompleteTuples();
 }
 
 void TypeRegistry::ApplyBlacklist() {
