@@ -1,8 +1,8 @@
 // What inspectors compute once and keep, one copy to a thread, until the caches are cleared.
 //
-// A cache is a static object of the unit that fills it.  ClearCaches deletes the copy of the thread that calls it; those
-// of other threads stay until they clear theirs or end.  So a fact that is taken from a cache stays the same for the
-// time of an expression, however long that runs.
+// A cache is a static object of the unit that fills it.  ClearCaches deletes the copy of the thread that calls it;
+// those of other threads stay until they clear theirs or end.  So a fact that is taken from a cache stays the same for
+// the time of an expression, however long that runs.
 #ifndef EVALUATOR_INSPECTOR_CACHE_H
 #define EVALUATOR_INSPECTOR_CACHE_H
 

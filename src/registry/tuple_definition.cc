@@ -11,8 +11,13 @@
 #include "registry/type_registry.h"
 
 TupleDefinition::TupleDefinition(const GuardType* first, const GuardType* rest, bool terminates)
-    : type{nullptr, static_cast<unsigned>(2 * sizeof(void*) + rest->size), sizeof(TupleNode) + (terminates ? 0 : rest->storageSize),
-           alignof(TupleNode), nullptr, nullptr, nullptr},
+    : type{nullptr,
+           static_cast<unsigned>(2 * sizeof(void*) + rest->size),
+           sizeof(TupleNode) + (terminates ? 0 : rest->storageSize),
+           alignof(TupleNode),
+           nullptr,
+           nullptr,
+           nullptr},
       firstType(first),
       restType(rest),
       restIsTerminator(terminates) {
@@ -48,7 +53,8 @@ void TupleDefinition::Complete(const TypeRegistry& registry) {
     castRow_ = nullptr;
     type.casts = {};
     if (firstCast_ != nullptr && restCasts) {
-        castToString_ = {"string", "", "string", GenericCastToString, this, DependsOnlyOnParameters, &type, string, false};
+        castToString_ = {"string", "",     "string", GenericCastToString, this, DependsOnlyOnParameters,
+                         &type,    string, false};
         castRow_ = &castToString_;
         type.casts = {&castRow_, &castRow_ + 1};
     }
@@ -58,7 +64,8 @@ void TupleDefinition::Complete(const TypeRegistry& registry) {
         comparison.firstOp = registry.FindBinaryOperator(firstType, code, firstType);
         comparison.installed = comparison.firstOp != nullptr && comparison.firstOp->resultType == booleanType &&
                                (restIsTerminator || restType->tuple->Comparison(code).installed);
-        comparison.accessor = {code, "", "", "boolean", GenericGetter, this, DependsOnlyOnParameters, &type, &type, booleanType};
+        comparison.accessor = {code,  "",    "",         "boolean", GenericGetter, this, DependsOnlyOnParameters,
+                               &type, &type, booleanType};
         comparison.row = &comparison.accessor;
         type.binaryOperators[code] = {};
         if (comparison.installed) {
@@ -100,7 +107,8 @@ bool TupleDefinition::GenericCastToString(void* result, const void* operand, con
             break;
         }
     }
-    auto* texts = static_cast<inspector_string*>(allocator->Allocate(elements * sizeof(inspector_string), alignof(inspector_string)));
+    auto* texts = static_cast<inspector_string*>(
+        allocator->Allocate(elements * sizeof(inspector_string), alignof(inspector_string)));
     size_t total = 0;
     const TupleDefinition* node = definition;
     const auto* value = static_cast<const TupleNode*>(operand);
