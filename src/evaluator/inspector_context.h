@@ -78,6 +78,8 @@ public:
     ~InspectorContextMaintainer() {
         if (changed_) {
             current.Set(saved_);
+        }
+        if (currentInterrupter.Get() != savedInterrupter_) {
             currentInterrupter.Set(savedInterrupter_);
         }
     }

@@ -56,7 +56,7 @@ void PropertyExpression::LookUp(const GuardType* indexType, const GuardType* obj
 }
 
 void PropertyExpression::ConstructState(StackAllocatorBase& allocator) {
-    if (accessor_->constructState == PropertyAccessor::NoConstructor &&
+    if (accessor_->stateSize <= 1 && accessor_->constructState == PropertyAccessor::NoConstructor &&
         accessor_->destroyState == PropertyAccessor::NoDestructor) {
         return;
     }
