@@ -1,10 +1,8 @@
-// What the language cannot show of strings: the host's digest, the memory that is not taken, fingerprints.
+// What the language cannot show of strings: the host's digest, the bytes that are shared, fingerprints.
 #include "values/string.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <new>
 #include <string>
 
 #include "evaluator/inspector_context.h"
@@ -12,22 +10,6 @@
 #include "registry/type_registry.h"
 #include "values/string_position.h"
 #include "values/substring.h"
-
-namespace {
-
-size_t allocations = 0;
-
-}  // namespace
-
-void* operator new(size_t size) {
-    ++allocations;
-    if (void* memory = std::malloc(size)) {
-        return memory;
-    }
-    throw std::bad_alloc();
-}
-void operator delete(void* memory) noexcept { std::free(memory); }
-void operator delete(void* memory, size_t) noexcept { std::free(memory); }
 
 namespace {
 
@@ -70,29 +52,6 @@ TEST(StringSHA1, AHostWithoutADigestIsNoHost) {
     }
     InspectorContextMaintainer installed(&empty);
     EXPECT_THROW(Sha1Of("abc"), NoInspectorContext);
-}
-
-TEST(UniqueStrings, ARepeatedStringAllocatesNothing) {
-    const PropertyAccessor& accessor = PropertyOfString("unique values");
-    void* state = std::aligned_alloc(accessor.stateAlignment, (accessor.stateSize + 63) / 64 * 64);
-    accessor.constructState(state);
-    accessor.firstInitial(nullptr, nullptr, nullptr, state, accessor.data);
-
-    const std::string first(100, 'a');
-    const std::string second(100, 'b');
-    const inspector_string a(first);
-    const inspector_string b(second);
-    accessor.firstMiddle(nullptr, &a, &a, state, accessor.data);
-    accessor.firstMiddle(nullptr, &b, &b, state, accessor.data);
-    const size_t before = allocations;
-    for (int i = 0; i < 1000; ++i) {
-        accessor.firstMiddle(nullptr, &a, &a, state, accessor.data);
-        accessor.firstMiddle(nullptr, &b, &b, state, accessor.data);
-    }
-    EXPECT_EQ(allocations, before);
-
-    accessor.destroyState(state);
-    std::free(state);
 }
 
 // Whatever a view of a string is asked for lies in the string's own bytes.
