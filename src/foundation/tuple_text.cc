@@ -60,8 +60,8 @@ std::string_view BeforeTopLevelComma(std::string_view text) {
 
 namespace {
 
-// Takes away the parentheses that protect an item.  Kept as it stands: an item whose inside has a blank on neither
-// side was not written by us and stays whole; a blank on one side only is a fault.
+// Takes away the parentheses that protect an item, and the blanks inside them.  Kept as it stands: an inside with a
+// blank on neither side was not written by us and is the item as it is; a blank on one side only is a fault.
 std::string_view Unwrapped(std::string_view raw) {
     if (raw.empty() || raw.front() != '(' || raw.back() != ')') {
         return raw;
@@ -75,7 +75,7 @@ std::string_view Unwrapped(std::string_view raw) {
     const bool blankBefore = inside.front() == ' ';
     const bool blankBehind = inside.back() == ' ';
     if (!blankBefore && !blankBehind) {
-        return raw;
+        return inside;
     }
     if (!blankBefore || !blankBehind || inside.size() < 2) {
         throw BadTupleString();
