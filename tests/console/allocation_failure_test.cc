@@ -2,6 +2,7 @@
 // there is not enough memory, nothing stays allocated, and the console goes on.
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -140,19 +141,22 @@ TEST(AllocationFailure, EveryQuestionOfTheTranscriptsAnswersOrSaysSo) {
             ++questions;
             const std::string right = console.Run("Q: " + question + "\n");
             console.Run("Q: 1 + 1\n");
-            long settled = alive;
+            const long settled = alive;
             for (unsigned nth = 1;; ++nth) {
-                const std::string out = AnswersFailing(console, question, nth);
-                const bool hit = failed;
-                ASSERT_TRUE(IsRightOrLacksMemory(out, right) || (hit && CatchesFailures(question)))
-                    << entry.path() << ", allocation " << nth << ": " << out;
+                bool hit = false;
+                {
+                    const std::string out = AnswersFailing(console, question, nth);
+                    hit = failed;
+                    ASSERT_TRUE(IsRightOrLacksMemory(out, right) || (hit && CatchesFailures(question)))
+                        << entry.path() << ", allocation " << nth << ": " << out;
+                    ASSERT_TRUE(hit || out == right) << question << ": " << out;
+                }
                 ASSERT_EQ(console.Run("Q: 1 + 1\n"), "Q: 1 + 1\nA: 2\n\n") << question << ", allocation " << nth;
                 if (hit) {
                     ++failures;
                 }
                 ASSERT_EQ(alive, settled) << question << ", allocation " << nth;
                 if (!hit) {
-                    ASSERT_EQ(out, right);
                     break;
                 }
             }
@@ -191,11 +195,12 @@ TEST(AllocationFailure, ATupleTypeThatCannotBeMadeIsMadeLater) {
     BatchConsole console;
     unsigned most = 0;
     for (unsigned nth = 1; nth <= 40; ++nth) {
-        std::string elements = "1";
-        std::string answer = "1";
-        for (unsigned bit = 0; bit < 6; ++bit) {
-            elements += (nth >> bit & 1) != 0 ? ", true" : ", 2";
-            answer += (nth >> bit & 1) != 0 ? ", True" : ", 2";
+        // The last elements make the shape one that was not seen before, and all that stands before them with it.
+        std::string elements = "1, 1, 1";
+        std::string answer = "1, 1, 1";
+        for (unsigned digits = nth, i = 0; i < 3; ++i, digits /= 4) {
+            elements += std::array{", 2", ", true", ", \"a\"", ", mhz"}[digits % 4];
+            answer += std::array{", 2", ", True", ", a", ", 1000000 hertz"}[digits % 4];
         }
         const std::string right = "Q: " + elements + "\nA: " + answer + "\n\n";
         const std::string out = AnswersFailing(console, elements, nth);

@@ -69,6 +69,8 @@ TEST(GuardReceiver, RestartsTheClockOnceForAQuestion) {
     zendryGuardReceiver receiver(&context);
     EXPECT_EQ(context.restarts, 0);
     receiver.Start();
+    Give(receiver, "true");
+    receiver.Finish();
     receiver.Start();
     EXPECT_EQ(context.restarts, 1);
     receiver.Reset();
@@ -102,6 +104,7 @@ TEST(GuardReceiver, TakesNothingMoreAfterAFailure) {
 TEST(GuardReceiver, AFailureOfTheClosingParenthesisPassesOn) {
     zendryGuardReceiver receiver(nullptr);
     receiver.Start();
+    Give(receiver, "and");
     EXPECT_THROW(receiver.Finish(), ParsingFailure);
     EXPECT_FALSE(receiver.Ok());
 }
@@ -146,7 +149,7 @@ TEST(GuardReceiver, ResetMakesReadyForAnotherQuestionFromEveryState) {
     EXPECT_TRUE(answersTrue()) << "in the middle of a text";
     receiver.Reset();
     receiver.Start();
-    EXPECT_THROW(Give(receiver, ")"), ParsingFailure);
+    EXPECT_THROW(Give(receiver, ") "), ParsingFailure);
     EXPECT_TRUE(answersTrue()) << "after a failure of the text";
     receiver.Reset();
     receiver.Start();

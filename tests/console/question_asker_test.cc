@@ -126,8 +126,9 @@ const std::vector<Question>& Questions() {
         {"1; 1/0", "A: 1\n", "Singular expression refers to nonexistent object.", "integer", Ends::InTheEvaluation},
         {"nothing", "", "Singular expression refers to nonexistent object.", "undefined", Ends::InTheEvaluation},
         {"1 ? 2", "", "This expression contained a character which is not allowed.", "", Ends::InTheText},
-        {"", "", "This expression could not be parsed.", "", Ends::InTheText},
-        {"if true then 1", "", "This expression could not be parsed.", "", Ends::InTheText},
+        {"", "", "This expression could not be parsed.", "", Ends::InTheParse},
+        {"if true then 1", "", "This expression could not be parsed.", "", Ends::InTheParse},
+        {"and", "", "This expression could not be parsed.", "", Ends::InTheText},
         {"/* x", "", "A comment was not terminated.", "", Ends::InTheParse},
         {"no such", "", "The operator \"no such\" is not defined.", "", Ends::InTheParse},
         {"speechless thing", "", "The operator \"string\" is not defined.", "", Ends::InTheParse},
@@ -275,8 +276,8 @@ TEST(QuestionAsker, ServesOneQuestionAfterAnother) {
     }
 }
 
-// Nothing has been started where the clock could not be: a text that is whole without the parenthesis before it gives
-// no line at all.
+// Nothing has been started where the clock could not be, and what was never started is neither parsed to its end nor
+// told of.
 class BrokenClock final : public InspectorContext, public InspectorInterrupterPort {
 public:
     void RestartClock() override { throw CannotEvaluateNow(); }
@@ -286,7 +287,7 @@ TEST(QuestionAsker, PrintsNothingForAQuestionThatWasNeverStarted) {
     BrokenClock context;
     BatchConsole console(&context);
     EXPECT_EQ(console.Run("Q: (1\n"), "Q: (1\n");
-    EXPECT_EQ(console.Run("Q: 1\n"), "Q: 1\nE: This expression could not be parsed.\n\n");
+    EXPECT_EQ(console.Run("Q: 1\n"), "Q: 1\n");
 }
 
 }  // namespace

@@ -168,7 +168,7 @@ TEST(Questioner, AStreamBehindAnotherStartsAfresh) {
 TEST(Questioner, TheConsolesOutputIsTheSameForEveryCut) {
     const std::string text =
         "Remarks stand as they are\nComment:  x\n\nQ: 1 +\n   2\nA: 4\n T: 1\nQ: (1;\n\t2;1 / 0)\n\nq: \"%25\"\n"
-        "Q: 1 2\n\nQ: )\nQ: () + !\nX-Relevant-When: 9223372036854775808\nA name of more than forty bytes is text: x\n"
+        "Q: 1 2\n\nQ: )\nQ: () + !\nX-Relevant-When: 9223372036854775808\nA line with no colon in its first forty bytes is text: x\n"
         "Q: 4";
     const std::string out = OutcomeOfEveryCut(text, [](const Runs& runs) {
         BatchConsole console;
@@ -188,7 +188,7 @@ TEST(Questioner, TheConsolesOutputIsTheSameForEveryCut) {
               "Q: 1 2\nE: This expression could not be parsed.\n\nQ: )\nE: This expression could not be parsed.\n\n"
               "Q: () + !\nE: This expression could not be parsed.\n\n"
               "Q: 9223372036854775808\nE: Singular expression refers to nonexistent object.\n\n"
-              "A name of more than forty bytes is text: x\nQ: 4\nA: 4\n\n");
+              "A line with no colon in its first forty bytes is text: x\nQ: 4\nA: 4\n\n");
 }
 
 // At the prompt the lines are sent by hand: the prompt opens a field, and the typed text comes with its terminator.
