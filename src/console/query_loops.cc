@@ -4,32 +4,12 @@
 #include <cstdio>
 #include <string>
 
-#include "console/cout_line_receiver.h"
-#include "console/expression_message_maker.h"
-#include "console/guard_receiver.h"
-#include "console/question_asker.h"
-#include "console/questioner.h"
+#include "console/question_chain.h"
 #include "foundation/file_error.h"
 #include "foundation/file_location.h"
 #include "foundation/read_lines.h"
 
 namespace {
-
-// The chain of objects between a line and its answers, in the order of their construction.
-struct Chain {
-    Chain(const ZendryCommandLine& commandLine, InspectorContext* context, bool interactive)
-        : output(commandLine.outputFile, interactive), receiver(context), asker(receiver, messages, output) {
-        asker.SetEcho(!interactive);
-        asker.Configure(true, interactive || commandLine.timing, true, commandLine.showTypes);
-        questioner.SetReceivers(output, asker);
-    }
-
-    CoutLineReceiver output;
-    ExpressionMessageMaker messages;
-    zendryGuardReceiver receiver;
-    QuestionAsker asker;
-    Questioner questioner;
-};
 
 void Send(LineReceiver& receiver, const std::string& text) {
     const ConstData data(text);
@@ -40,13 +20,15 @@ void Send(LineReceiver& receiver, const std::string& text) {
 // dropped and the terminal's line is ended.
 bool ReadQuestionLine(std::string& line) {
     line.clear();
-    char buffer[1024];
     for (;;) {
+        char buffer[1024] = {};
         errno = 0;
         if (std::fgets(buffer, sizeof buffer, stdin) == nullptr) {
-            // A child that ends interrupts the read; any other trouble is the end of the input.
+            // A child that ends interrupts the read, and what had come of the line by then stands in the buffer; any
+            // other trouble is the end of the input.
             if (std::feof(stdin) == 0 && errno == EINTR) {
                 std::clearerr(stdin);
+                line += buffer;
                 continue;
             }
             break;
@@ -67,7 +49,7 @@ bool ReadQuestionLine(std::string& line) {
 }  // namespace
 
 void RunInteractive(const ZendryCommandLine& commandLine, InspectorContext* context) {
-    Chain chain(commandLine, context, true);
+    QuestionChain chain(commandLine, context, true);
     chain.questioner.Start(0);
     std::string line;
     for (;;) {
@@ -87,7 +69,7 @@ void RunBatch(const ZendryCommandLine& commandLine, InspectorContext* context) {
     if (commandLine.files.empty()) {
         return;
     }
-    Chain chain(commandLine, context, false);
+    QuestionChain chain(commandLine, context, false);
     for (const char* name : commandLine.files) {
         try {
             ReadLines(FileLocation(name), chain.questioner);

@@ -7,9 +7,7 @@
 void QuestionAsker::Start(uint64_t) {
     errorSeen_ = false;
     receiver_.Reset();
-    if (printTiming_) {
-        timer_.RestartFromZero();
-    }
+    RestartTimer();
     try {
         receiver_.Start();
     } catch (...) {

@@ -24,7 +24,13 @@ public:
         printTypes_ = printTypes;
     }
     void SetEcho(bool echoQuestion) { echoQuestion_ = echoQuestion; }
-    void RestartTimer() { timer_.RestartFromZero(); }
+
+    // Has the time of the question counted from now, where times are told.
+    void RestartTimer() {
+        if (printTiming_) {
+            timer_.RestartFromZero();
+        }
+    }
 
     void Start(uint64_t position) override;
     void Text(const unsigned char* begin, const unsigned char* end) override;

@@ -1,0 +1,232 @@
+// Every question of the transcripts, with each of its allocations failing in turn: the answer is the right one or that
+// there is not enough memory, nothing stays allocated, and the console goes on.
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <new>
+#include <string>
+#include <vector>
+
+#include "evaluator/guard_evaluator.h"
+#include "registry/type_registry.h"
+#include "tests/console/asked.h"
+
+namespace {
+
+unsigned untilFailure = 0;  // 0 for none
+long alive = 0;             // Allocations that have not been given back.
+bool failed = false;
+
+// Makes the nth allocation after its making fail, once.
+class FailingAllocation {
+public:
+    explicit FailingAllocation(unsigned nth) {
+        untilFailure = nth;
+        failed = false;
+    }
+    FailingAllocation(const FailingAllocation&) = delete;
+    FailingAllocation& operator=(const FailingAllocation&) = delete;
+    ~FailingAllocation() { untilFailure = 0; }
+};
+
+void* Allocate(size_t size, size_t alignment) {
+    if (untilFailure != 0 && --untilFailure == 0) {
+        failed = true;
+        throw std::bad_alloc();
+    }
+    void* memory = nullptr;
+    if (posix_memalign(&memory, alignment, size == 0 ? 1 : size) != 0) {
+        throw std::bad_alloc();
+    }
+    ++alive;
+    return memory;
+}
+
+void Free(void* memory) {
+    alive -= memory != nullptr ? 1 : 0;
+    std::free(memory);
+}
+
+}  // namespace
+
+// Kept out of line: seen through at the place of a call, these look like the wrong partners of each other.
+[[gnu::noinline]] void* operator new(size_t size) { return Allocate(size, 16); }
+[[gnu::noinline]] void* operator new[](size_t size) { return Allocate(size, 16); }
+[[gnu::noinline]] void* operator new(size_t size, std::align_val_t alignment) {
+    return Allocate(size, static_cast<size_t>(alignment));
+}
+[[gnu::noinline]] void operator delete(void* memory) noexcept { Free(memory); }
+[[gnu::noinline]] void operator delete(void* memory, size_t) noexcept { Free(memory); }
+[[gnu::noinline]] void operator delete[](void* memory) noexcept { Free(memory); }
+[[gnu::noinline]] void operator delete[](void* memory, size_t) noexcept { Free(memory); }
+[[gnu::noinline]] void operator delete(void* memory, std::align_val_t) noexcept { Free(memory); }
+[[gnu::noinline]] void operator delete(void* memory, size_t, std::align_val_t) noexcept { Free(memory); }
+
+namespace {
+
+constexpr const char* kNoMemory = "E: There's not enough memory.\n";
+
+std::string Content(const std::filesystem::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+// The questions of a saved run, each with its continuation lines.
+std::vector<std::string> QuestionsOf(const std::string& text) {
+    std::vector<std::string> questions;
+    bool open = false;
+    for (size_t begin = 0; begin < text.size();) {
+        const size_t end = std::min(text.find('\n', begin), text.size());
+        const std::string line = text.substr(begin, end - begin);
+        begin = end + 1;
+        if (line.compare(0, 3, "Q: ") == 0) {
+            questions.push_back(line.substr(3));
+            open = true;
+        } else if (open && !line.empty() && (line[0] == ' ' || line[0] == '\t')) {
+            questions.back() += " " + line.substr(line.find_first_not_of(" \t"));
+        } else {
+            open = open && line.empty();
+        }
+    }
+    return questions;
+}
+
+// The answers to one question of which the nth allocation fails; whether one did is told by `failed`.
+std::string AnswersFailing(BatchConsole& console, const std::string& question, unsigned nth) {
+    const std::string line = "Q: " + question;
+    const ConstData data(line);
+    const size_t before = console.Text().size();
+    console.chain.questioner.Start(0);
+    {
+        const FailingAllocation failing(nth);
+        console.chain.questioner.Text(data.begin, data.end);
+        console.chain.questioner.EndOfLine(0, 0);
+        console.chain.questioner.Finish(0);
+    }
+    return console.Text().substr(before);
+}
+
+bool EndsIn(const std::string& text, const std::string& end) {
+    return text.size() >= end.size() && text.compare(text.size() - end.size(), end.size(), end) == 0;
+}
+
+// Right, or the right answers up to where the memory was missing and then the line that says so.
+bool IsRightOrLacksMemory(const std::string& out, const std::string& right) {
+    if (out == right) {
+        return true;
+    }
+    const std::string end = std::string(kNoMemory) + "\n";
+    return EndsIn(out, end) && right.compare(0, out.size() - end.size(), out, 0, out.size() - end.size()) == 0;
+}
+
+// What is caught on purpose is caught here too: the left of a bar, and a condition, answer for whatever fails in them.
+bool CatchesFailures(const std::string& question) {
+    return question.find('|') != std::string::npos || question.find("whose") != std::string::npos;
+}
+
+TEST(AllocationFailure, EveryQuestionOfTheTranscriptsAnswersOrSaysSo) {
+    BatchConsole console;
+    ASSERT_EQ(Answers(console, "1 + 1"), "A: 2\n");
+    size_t questions = 0;
+    size_t failures = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(ZENDRY_TRANSCRIPTS)) {
+        if (entry.path().extension() != ".zendry") {
+            continue;
+        }
+        for (const std::string& question : QuestionsOf(Content(entry.path()))) {
+            ++questions;
+            const std::string right = console.Run("Q: " + question + "\n");
+            console.Run("Q: 1 + 1\n");
+            const long settled = alive;
+            for (unsigned nth = 1;; ++nth) {
+                bool hit = false;
+                {
+                    const std::string out = AnswersFailing(console, question, nth);
+                    hit = failed;
+                    ASSERT_TRUE(IsRightOrLacksMemory(out, right) || (hit && CatchesFailures(question)))
+                        << entry.path() << ", allocation " << nth << ": " << out;
+                    ASSERT_TRUE(hit || out == right) << question << ": " << out;
+                }
+                ASSERT_EQ(console.Run("Q: 1 + 1\n"), "Q: 1 + 1\nA: 2\n\n") << question << ", allocation " << nth;
+                if (hit) {
+                    ++failures;
+                }
+                ASSERT_EQ(alive, settled) << question << ", allocation " << nth;
+                if (!hit) {
+                    break;
+                }
+            }
+        }
+    }
+    EXPECT_GT(questions, 100u);
+    EXPECT_GT(failures, 20u);
+}
+
+// The registry anew: whatever fails while it is built, the question says so, and the next one finds it whole.
+TEST(AllocationFailure, TheRegistrysBuildFailsAsAQuestionAndIsDoneAgain) {
+    BatchConsole console;
+    const std::string question = "sum of (1;2), (3, \"a\") < (3, \"b\")";
+    ASSERT_EQ(Answers(console, "1 + 1"), "A: 2\n");
+    const std::string right = console.Run("Q: " + question + "\n");
+    console.Run("Q: 1 + 1\n");
+    const long settled = alive;
+    unsigned nth = 1;
+    for (;; ++nth) {
+        TypeRegistry::m_validRegistry = nullptr;
+        const std::string out = AnswersFailing(console, question, nth);
+        const bool hit = failed;
+        ASSERT_TRUE(IsRightOrLacksMemory(out, right)) << "allocation " << nth << ": " << out;
+        ASSERT_EQ(console.Run("Q: " + question + "\n"), right) << "allocation " << nth;
+        ASSERT_EQ(console.Run("Q: 1 + 1\n"), "Q: 1 + 1\nA: 2\n\n");
+        if (!hit) {
+            break;
+        }
+    }
+    EXPECT_GT(nth, 10u);
+    EXPECT_EQ(alive, settled);
+}
+
+// A tuple type is made once and kept, so each attempt takes a shape of its own.
+TEST(AllocationFailure, ATupleTypeThatCannotBeMadeIsMadeLater) {
+    BatchConsole console;
+    unsigned most = 0;
+    for (unsigned nth = 1; nth <= 40; ++nth) {
+        // The last elements make the shape one that was not seen before, and all that stands before them with it.
+        std::string elements = "1, 1, 1";
+        std::string answer = "1, 1, 1";
+        for (unsigned digits = nth, i = 0; i < 3; ++i, digits /= 4) {
+            elements += std::array{", 2", ", true", ", \"a\"", ", mhz"}[digits % 4];
+            answer += std::array{", 2", ", True", ", a", ", 1000000 hertz"}[digits % 4];
+        }
+        const std::string right = "Q: " + elements + "\nA: " + answer + "\n\n";
+        const std::string out = AnswersFailing(console, elements, nth);
+        most = failed ? nth : most;
+        ASSERT_TRUE(IsRightOrLacksMemory(out, right)) << "allocation " << nth << ": " << out;
+        ASSERT_EQ(console.Run("Q: " + elements + "\n"), right) << "allocation " << nth;
+        ASSERT_EQ(Answers(console, "(" + elements + ") = (" + elements + ")"), "A: True\n") << "allocation " << nth;
+    }
+    EXPECT_GT(most, 5u);
+}
+
+// Kept inside a branch that does not bind, lack of memory is still told as what it is.
+TEST(AllocationFailure, ABranchThatFoundNoMemorySaysSoWhenTaken) {
+    std::string deep = "1";
+    for (int i = 0; i < 700; ++i) {
+        deep = "-(" + deep + ")";
+    }
+    BatchConsole console;
+    const std::string question = "if true then " + deep + " else 2";
+    const std::string right = console.Run("Q: " + question + "\n");
+    ASSERT_TRUE(EndsIn(right, "A: 1\n\n")) << right.substr(right.size() - 100);
+    unsigned nth = 1;
+    for (; AnswersFailing(console, question, nth), failed; ++nth) {
+        ASSERT_TRUE(IsRightOrLacksMemory(AnswersFailing(console, question, nth), right)) << "allocation " << nth;
+    }
+    EXPECT_GT(nth, 3u);
+}
+
+}  // namespace
