@@ -18,17 +18,22 @@ public:
 
     // Takes the text as one file and gives what came out for it.
     std::string Run(std::string_view text) {
-        const size_t before = Text().size();
+        const size_t before = Size();
         lines_.Start(0);
         const ConstData data(text);
         lines_.Data(data.begin, data.end);
         lines_.Finish();
-        return Text().substr(before);
+        return Text(before);
     }
 
-    std::string Text() {
+    // What has come out so far.
+    size_t Size() {
         chain.output.Flush();
-        return output.Text();
+        return output.Size();
+    }
+    std::string Text(size_t from = 0) {
+        chain.output.Flush();
+        return output.Text(from);
     }
 
     CapturedOutput output;

@@ -18,16 +18,14 @@ public:
 
     const char* Path() const { return path_.c_str(); }
 
-    // What has arrived so far.
-    std::string Text() const {
-        std::string text(static_cast<size_t>(lseek(descriptor_, 0, SEEK_END)), '\0');
-        const ssize_t count = pread(descriptor_, text.data(), text.size(), 0);
+    // How much has arrived so far, and the text of it from a position on.
+    size_t Size() const { return static_cast<size_t>(lseek(descriptor_, 0, SEEK_END)); }
+    std::string Text(size_t from = 0) const {
+        std::string text(Size() - from, '\0');
+        const ssize_t count = pread(descriptor_, text.data(), text.size(), static_cast<off_t>(from));
         text.resize(count < 0 ? 0 : static_cast<size_t>(count));
         return text;
     }
-
-    // Forgets what has arrived; the writer goes on at its own position, so it must have nothing more to write there.
-    void Clear() { static_cast<void>(!ftruncate(descriptor_, 0)); }
 
 private:
     int descriptor_;
