@@ -151,9 +151,9 @@ std::optional<integer> UsedFileCount(const filesystem& f) {
 
 template <class T>
 using OfObject = Property<T, filesystem, FilesystemOf<T>>;
-using Table = IteratedPropertyOfWorld<filesystem_iterator, filesystem, &filesystem_iterator::Next,
-                                      &filesystem_iterator::Next, &filesystem_iterator::Start,
-                                      &filesystem_iterator::Finished>;
+using Table =
+    IteratedPropertyOfWorld<filesystem_iterator, filesystem, &filesystem_iterator::Next, &filesystem_iterator::Next,
+                            &filesystem_iterator::Start, &filesystem_iterator::Finished>;
 
 // clang-format off
 Type<filesystem>                                                    type;
