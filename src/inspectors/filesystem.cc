@@ -3,7 +3,7 @@
 #include <sys/stat.h>
 
 #include <cstring>
-#include <exception>
+#include <new>
 #include <vector>
 
 #include "evaluator/adapters.h"
@@ -68,11 +68,13 @@ std::optional<dev_t> DeviceOf(const std::string& path) {
     return stat64(path.c_str(), &record) == 0 ? std::optional<dev_t>(record.st_dev) : std::nullopt;
 }
 
-// A table that cannot be read tells no name, whatever the reason.
+// A table that cannot be read tells no name, whatever the reason; that memory ran out is no reason of the table's.
 std::vector<MountedFilesystem> TableOrNone() {
     try {
         return ReadMountTable();
-    } catch (const std::exception&) {
+    } catch (const std::bad_alloc&) {
+        throw;
+    } catch (...) {
         return {};
     }
 }
