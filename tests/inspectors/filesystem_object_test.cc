@@ -383,7 +383,7 @@ TEST(DeviceFiles, HaveATypeAndANumberInTwoParts) {
     EXPECT_EQ(MinorOf(makedev(1, 0x12345)), 0x12345);
 }
 
-TEST(DeviceFiles, ADanglingOneIsABlockDeviceWithoutNumbers) {
+TEST(DeviceFiles, ADanglingOneIsNoneAndNoCharacterDevice) {
     const FileTree tree;
     EXPECT_FALSE(At<device_file>(tree.place.Location("dir/dangling")));
     const device_file dangling(FileStat(tree.place.Location("dir/dangling")));
