@@ -1,5 +1,5 @@
-// Questions of great depth and length: each is answered, or is told that there is not enough memory, and the next one is
-// answered.  Depth is memory, and never the machine stack's end.
+// Questions of great depth and length: each is answered, or is told that there is not enough memory, and the next one
+// is answered.  Depth is memory, and never the machine stack's end.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -64,8 +64,7 @@ TEST(Depth, ChainsOfOperators) {
 TEST(Depth, LongCollections) {
     ExpectAnswerOrLackOfMemory("number of (1" + Times(100 * kThousand, "; 1") + ")", "A: 100001\n");
     ExpectAnswerOrLackOfMemory("sum of (1" + Times(100 * kThousand, "; 1") + ")", "A: 100001\n");
-    ExpectAnswerOrLackOfMemory(
-        "sum of " + Times(3 * kThousand, "(1; ") + "1" + Times(3 * kThousand, ")"), "A: 3001\n");
+    ExpectAnswerOrLackOfMemory("sum of " + Times(3 * kThousand, "(1; ") + "1" + Times(3 * kThousand, ")"), "A: 3001\n");
 }
 
 TEST(Depth, LongTuples) {
@@ -84,14 +83,16 @@ TEST(Depth, TheStructuralConstructs) {
     ExpectAnswerOrLackOfMemory(Times(20 * kThousand, "1 whose (exists ") + "1" + Times(20 * kThousand, ")"), "A: 1\n");
     ExpectAnswerOrLackOfMemory(Times(100 * kThousand, "if true then 1 else ") + "2", "A: 1\n");
     ExpectAnswerOrLackOfMemory(Times(100 * kThousand, "if false then 1 else ") + "2", "A: 2\n");
-    ExpectAnswerOrLackOfMemory(Times(50 * kThousand, "if true then ") + "1" + Times(50 * kThousand, " else 2"), "A: 1\n");
+    ExpectAnswerOrLackOfMemory(Times(50 * kThousand, "if true then ") + "1" + Times(50 * kThousand, " else 2"),
+                               "A: 1\n");
     ExpectAnswerOrLackOfMemory("1" + Times(100 * kThousand, " as integer"), "A: 1\n");
     ExpectAnswerOrLackOfMemory(Times(50 * kThousand, "integer (") + "1" + Times(50 * kThousand, ")"), "A: 1\n");
 }
 
 // A failure at the bottom comes all the way up.
 TEST(Depth, FailuresFromBelow) {
-    ExpectAnswerOrLackOfMemory(Times(100 * kThousand, "- ") + "true", "E: The operator \"- <boolean>\" is not defined.\n");
+    ExpectAnswerOrLackOfMemory(Times(100 * kThousand, "- ") + "true",
+                               "E: The operator \"- <boolean>\" is not defined.\n");
     ExpectAnswerOrLackOfMemory(Times(100 * kThousand, "- ") + "(1/0)",
                                "E: Singular expression refers to nonexistent object.\n");
     ExpectAnswerOrLackOfMemory(Times(100 * kThousand, "number of ") + "error \"x\"", "E: User-defined error: x\n");
