@@ -22,8 +22,8 @@ MutexGuarded<std::vector<ExceptionCopier>>& Copiers() {
 
 // Running out of memory is kept as itself, so that it is told as what it is wherever it is met again.
 [[maybe_unused]] const bool registered = [] {
-    RegisterExceptionCopier<ExceptionCannotBeCopied>();
     RegisterExceptionCopier<std::exception, CopiedStdException>();
+    RegisterExceptionCopier<ExceptionCannotBeCopied>();
     RegisterExceptionCopier<std::bad_alloc>();
     RegisterExceptionCopier<BooleanExpressionRequired>();
     RegisterExceptionCopier<SingularExpressionRequired>();

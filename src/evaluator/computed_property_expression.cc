@@ -157,7 +157,7 @@ void RequireSamePath(const EvaluationPath& taken, EvaluationPath& recorded) {
         throw EvaluationPathsDontMatch();
     }
     for (int64_t bit = taken.Bits(); bit-- > 0;) {
-        if (recorded.Read() != ((taken.Word() >> bit & 1) != 0)) {
+        if (recorded.AtEnd() || recorded.Read() != ((taken.Word() >> bit & 1) != 0)) {
             throw EvaluationPathsDontMatch();
         }
     }

@@ -40,9 +40,11 @@ public:
     }
     void Bind(Expression* it, StackAllocatorBase& allocator) override;
     const int64_t* IntegerLiteral() const override { return &value_; }
+    void* const* DirectValue() override { return &place_; }
 
 private:
     int64_t value_;
+    void* place_ = &value_;
 };
 
 // An integer literal of 2^63 or more: it compiles and has no value.
@@ -65,8 +67,11 @@ public:
     }
     void Bind(Expression* it, StackAllocatorBase& allocator) override;
 
+    void* const* DirectValue() override { return &place_; }
+
 private:
     inspector_string value_;
+    void* place_ = &value_;
 };
 
 class WorldExpression final : public ConstantExpression {
@@ -80,9 +85,11 @@ public:
     // The world is transparent to an enclosing `it`.
     Expression* ItSource() override { return it_; }
     void Bind(Expression* it, StackAllocatorBase& allocator) override;
+    void* const* DirectValue() override { return &place_; }
 
 private:
     Expression* it_ = nullptr;
+    void* place_ = &theWorld;
 };
 
 // The current value of the nearest enclosing source, which is parked on it while anything bound inside it runs: always
@@ -94,6 +101,8 @@ public:
         return StatusOk;
     }
     void Bind(Expression* it, StackAllocatorBase& allocator) override;
+
+    void* const* DirectValue() override { return source_->ValuePlace(); }
 
 private:
     Expression* source_ = nullptr;

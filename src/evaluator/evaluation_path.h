@@ -36,7 +36,8 @@ public:
 
     // The next decision; false once all are read.
     bool Read() {
-        const bool bit = (word_ & 0x80000000) != 0;
+        const bool bit =
+            word_ >> 31 == 1;  // Masking the bit out here, g++ 12 folds a comparison of two decisions wrong.
         word_ <<= 1;
         --bits_;
         return bit;

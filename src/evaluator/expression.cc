@@ -53,7 +53,7 @@ EvaluationStatus Expression::TryStopFingerprinted(Fingerprinter&, EvaluationPath
 EvaluationStatus Expression::AddFingerprint(Fingerprinter& fingerprinter, EvaluationPath&) {
     fingerprinter.dependencies |= Fingerprinter::valueSeen;
     TentativeValue hold(this);
-    EvaluationStatus status = hold.TryFirst();
+    EvaluationStatus status = TryFirst();
     while (status == StatusOk && slot_.value != nullptr) {
         FingerprintValue(fingerprinter);
         status = TryNext();

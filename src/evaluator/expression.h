@@ -74,10 +74,15 @@ public:
     // Binds the children, resolves names, checks types and reserves storage.  Throws the failures of binding.
     virtual void Bind(Expression* it, StackAllocatorBase& allocator) = 0;
 
+    // Where a leaf's value is to be read without a Try: a place that holds the value's address whenever the leaf may be
+    // evaluated.  Null for a node that has to be asked.
+    virtual void* const* DirectValue() { return nullptr; }
+
     // The index that this node writes, where it is an integer literal.
     virtual const int64_t* IntegerLiteral() const { return nullptr; }
 
     void* Value() const { return slot_.value; }
+    void* const* ValuePlace() const { return &slot_.value; }
     const GuardType* Type() const { return type_; }
     bool IsPlural() const { return plural_; }
     void ForcePlural() { plural_ = true; }
@@ -163,6 +168,31 @@ private:
     EvaluationStatus Next(EvaluationStatus status) const {
         return status == StatusOk && singular && expression->Value() != nullptr ? StatusNotUnique : status;
     }
+};
+
+// A settled operand of an operator: a leaf is read where it stands, anything else is asked for its one value, which needs
+// no holding.
+class SettledOperand {
+public:
+    void Bind(Expression* operand) {
+        operand_ = operand;
+        direct_ = operand->DirectValue();
+    }
+
+    // Gives the operand's value.
+    EvaluationStatus Take(const void*& value) const {
+        if (direct_ != nullptr) {
+            value = *direct_;
+            return StatusOk;
+        }
+        const EvaluationStatus status = operand_->TryFirst();
+        value = operand_->Value();
+        return status == StatusOk && value == nullptr ? StatusDoesNotExist : status;
+    }
+
+private:
+    Expression* operand_ = nullptr;
+    void* const* direct_ = nullptr;
 };
 
 // How a node takes its steps: plainly, or while a fingerprint is gathered.  Node classes are written once, over either.

@@ -77,6 +77,7 @@ GuardEvaluator::~GuardEvaluator() {
         StopRunning();
     } catch (...) {
     }
+    const Installed installed(*this);
     arena_.Clear();
 }
 
@@ -104,6 +105,7 @@ void GuardEvaluator::Reset() {
     }
     parsedRoot_ = nullptr;
     mark_ = nullptr;
+    const Installed installed(*this);
     lexer_.Start();
 }
 

@@ -11,9 +11,11 @@ public:
     void Interrupted() override {}
 };
 
-DoNotInterrupt doNotInterrupt;
+DoNotInterrupt theDoNotInterrupt;
 
 }  // namespace
+
+InspectorInterrupter& doNotInterrupt = theDoNotInterrupt;
 
 InspectorInterrupter& CurrentInterrupter() {
     InspectorInterrupter* interrupter = InspectorContextMaintainer::currentInterrupter.Get();
@@ -25,11 +27,4 @@ InspectorInterrupter& CurrentInterrupter() {
         InspectorContextMaintainer::currentInterrupter.Set(interrupter);
     }
     return *interrupter;
-}
-
-void CheckForInterruption() {
-    InspectorInterrupter& interrupter = CurrentInterrupter();
-    if (&interrupter != &doNotInterrupt && !interrupter.ShouldContinue()) {
-        interrupter.Interrupted();
-    }
 }

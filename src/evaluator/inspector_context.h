@@ -78,6 +78,8 @@ public:
     ~InspectorContextMaintainer() {
         if (changed_) {
             current.Set(saved_);
+        }
+        if (currentInterrupter.Get() != savedInterrupter_) {
             currentInterrupter.Set(savedInterrupter_);
         }
     }
@@ -88,12 +90,21 @@ private:
     bool changed_;
 };
 
-// The thread's interrupter: found once for each installed context and remembered.  A context that is no interrupter is
-// never interrupted.
+// What a context that is no interrupter is given: it is never interrupted.
+extern InspectorInterrupter& doNotInterrupt;
+
+// The thread's interrupter: found once for each installed context and remembered.
 InspectorInterrupter& CurrentInterrupter();
 
 // One check of the thread's interrupter.  Throws what Interrupted throws.
-void CheckForInterruption();
+inline void CheckForInterruption() {
+    if (InspectorContextMaintainer::currentInterrupter.Get() != &doNotInterrupt) {
+        InspectorInterrupter& interrupter = CurrentInterrupter();
+        if (!interrupter.ShouldContinue()) {
+            interrupter.Interrupted();
+        }
+    }
+}
 
 // The interface `Interface` of the thread's current context.  Throws NoInspectorContext where no context is installed
 // and `Error` where it lacks the interface.

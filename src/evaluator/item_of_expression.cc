@@ -26,18 +26,32 @@ void ItemOfExpression::Bind(Expression* it, StackAllocatorBase& allocator) {
     byParts_ = tuple_->CanFingerprint();
     completeDependencies_ = tuple_->HasCompleteDependencies();
     settled_ = tuple_->IsSettled();
+    settledTuple_.Bind(tuple_);
 }
 
-void ItemOfExpression::TakeElement(TentativeValue& tuple) {
-    const auto* node = static_cast<const TupleNode*>(tuple_->Value());
-    if (node == nullptr) {
-        return;
-    }
+void* ItemOfExpression::Element(const void* tuple) const {
+    const auto* node = static_cast<const TupleNode*>(tuple);
     for (int64_t i = 0; i < literal_; ++i) {
         node = static_cast<const TupleNode*>(node->rest);
     }
-    slot_.value = const_cast<void*>(node->first);
-    tuple.Release();
+    return const_cast<void*>(node->first);
+}
+
+void ItemOfExpression::TakeElement(TentativeValue& tuple) {
+    if (tuple_->Value() != nullptr) {
+        slot_.value = Element(tuple_->Value());
+        tuple.Release();
+    }
+}
+
+inline EvaluationStatus ItemOfExpression::FirstSettled() {
+    slot_.value = nullptr;
+    const void* tuple = nullptr;
+    const EvaluationStatus status = settledTuple_.Take(tuple);
+    if (status == StatusOk) {
+        slot_.value = Element(tuple);
+    }
+    return status;
 }
 
 template <class Steps>
@@ -68,7 +82,7 @@ EvaluationStatus ItemOfExpression::Stop(const Steps& steps) {
     return steps.Finish(tuple_);
 }
 
-EvaluationStatus ItemOfExpression::TryFirst() { return First(PlainSteps()); }
+EvaluationStatus ItemOfExpression::TryFirst() { return settled_ ? FirstSettled() : First(PlainSteps()); }
 EvaluationStatus ItemOfExpression::TryNext() { return Next(PlainSteps()); }
 EvaluationStatus ItemOfExpression::TryStop() { return Stop(PlainSteps()); }
 

@@ -34,9 +34,13 @@ private:
 
     void TakeElement(TentativeValue& tuple);
 
+    EvaluationStatus FirstSettled();
+    void* Element(const void* tuple) const;
+
     Expression* index_;
     Expression* tuple_;
     int64_t literal_ = 0;
+    SettledOperand settledTuple_;
 };
 
 #endif

@@ -15,6 +15,17 @@ void UnaryExpression::Bind(Expression* it, StackAllocatorBase& allocator) {
     byParts_ = definition_->dependencies != nullptr && operand_->CanFingerprint();
     completeDependencies_ = definition_->dependencies != nullptr && operand_->HasCompleteDependencies();
     settled_ = operand_->IsSettled() && slot_.destroy == nullptr;
+    settledOperand_.Bind(operand_);
+}
+
+inline EvaluationStatus UnaryExpression::FirstSettled() {
+    slot_.value = nullptr;
+    const void* operand = nullptr;
+    const EvaluationStatus status = settledOperand_.Take(operand);
+    if (status == StatusOk && CallThunk(definition_->thunk, slot_.storage, operand, definition_->data)) {
+        slot_.value = slot_.storage;
+    }
+    return status;
 }
 
 template <class Steps>
@@ -41,7 +52,7 @@ EvaluationStatus UnaryExpression::Next(const Steps& steps) {
     return steps.Finish(operand_);
 }
 
-EvaluationStatus UnaryExpression::TryFirst() { return First(PlainSteps()); }
+EvaluationStatus UnaryExpression::TryFirst() { return settled_ ? FirstSettled() : First(PlainSteps()); }
 EvaluationStatus UnaryExpression::TryNext() { return Next(PlainSteps()); }
 EvaluationStatus UnaryExpression::TryStop() { return Next(PlainSteps()); }
 
@@ -113,6 +124,23 @@ void BinaryOperatorExpression::Bind(Expression* it, StackAllocatorBase& allocato
     completeDependencies_ = definition_->dependencies != nullptr && left_->HasCompleteDependencies() &&
                             right_->HasCompleteDependencies();
     settled_ = left_->IsSettled() && right_->IsSettled() && slot_.destroy == nullptr;
+    settledLeft_.Bind(left_);
+    settledRight_.Bind(right_);
+}
+
+inline EvaluationStatus BinaryOperatorExpression::FirstSettled() {
+    slot_.value = nullptr;
+    const void* left = nullptr;
+    const void* right = nullptr;
+    EvaluationStatus status = settledLeft_.Take(left);
+    if (status != StatusOk) {
+        return status;
+    }
+    status = settledRight_.Take(right);
+    if (status == StatusOk && CallThunk(definition_->thunk, slot_.storage, left, right, definition_->data)) {
+        slot_.value = slot_.storage;
+    }
+    return status;
 }
 
 template <class Steps>
@@ -150,7 +178,7 @@ EvaluationStatus BinaryOperatorExpression::Next(const Steps& steps) {
     return rightStatus != StatusOk ? rightStatus : leftStatus;
 }
 
-EvaluationStatus BinaryOperatorExpression::TryFirst() { return First(PlainSteps()); }
+EvaluationStatus BinaryOperatorExpression::TryFirst() { return settled_ ? FirstSettled() : First(PlainSteps()); }
 EvaluationStatus BinaryOperatorExpression::TryNext() { return Next(PlainSteps()); }
 EvaluationStatus BinaryOperatorExpression::TryStop() { return Next(PlainSteps()); }
 

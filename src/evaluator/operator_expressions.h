@@ -33,7 +33,10 @@ private:
     template <class Steps>
     EvaluationStatus Next(const Steps& steps);
 
+    EvaluationStatus FirstSettled();
+
     const UnaryAccessor* definition_ = nullptr;
+    SettledOperand settledOperand_;
 };
 
 class UnaryOperatorExpression final : public UnaryExpression {
@@ -76,10 +79,14 @@ private:
     template <class Steps>
     EvaluationStatus Next(const Steps& steps);
 
+    EvaluationStatus FirstSettled();
+
     Expression* left_;
     Expression* right_;
     const BinaryAccessor* definition_ = nullptr;
     int code_;
+    SettledOperand settledLeft_;
+    SettledOperand settledRight_;
 };
 
 #endif

@@ -27,8 +27,8 @@ void PropertyExpression::Bind(Expression* it, StackAllocatorBase& allocator) {
     ConstructState(allocator);
     byParts_ = accessor_->dependencies != nullptr && Driver()->CanFingerprint();
     completeDependencies_ = accessor_->dependencies != nullptr && Driver()->HasCompleteDependencies();
-    indexArgument_ = index_ != nullptr ? index_ : object_;
-    objectArgument_ = object_ != nullptr ? object_ : index_;
+    indexArgument_ = (index_ != nullptr ? index_ : object_)->ValuePlace();
+    objectArgument_ = (object_ != nullptr ? object_ : index_)->ValuePlace();
 }
 
 // An aggregating property is told nothing by an operand that never has a value but that there is none, whatever type
@@ -56,7 +56,7 @@ void PropertyExpression::LookUp(const GuardType* indexType, const GuardType* obj
 }
 
 void PropertyExpression::ConstructState(StackAllocatorBase& allocator) {
-    if (accessor_->constructState == PropertyAccessor::NoConstructor &&
+    if (accessor_->stateSize <= 1 && accessor_->constructState == PropertyAccessor::NoConstructor &&
         accessor_->destroyState == PropertyAccessor::NoDestructor) {
         return;
     }
@@ -65,15 +65,15 @@ void PropertyExpression::ConstructState(StackAllocatorBase& allocator) {
     state_ = memory;
 }
 
-bool PropertyExpression::Call(StageFunction stage) {
-    if (!CallStage(stage, slot_.storage, indexArgument_->Value(), objectArgument_->Value(), state_, accessor_->data)) {
+inline bool PropertyExpression::Call(StageFunction stage) {
+    if (!CallStage(stage, slot_.storage, *indexArgument_, *objectArgument_, state_, accessor_->data)) {
         return false;
     }
     slot_.value = slot_.storage;
     return true;
 }
 
-bool PropertyExpression::CallAtMark(StageFunction stage) {
+inline bool PropertyExpression::CallAtMark(StageFunction stage) {
     mark_ = memory_->Top();
     if (Call(stage)) {
         return true;
@@ -91,13 +91,44 @@ bool PropertyExpression::CallOuter(StageFunction stage) {
 }
 
 // An interruption finds the value made and not yet delivered: it goes before the exception passes.
-void PropertyExpression::CheckBeforeDelivery() {
+inline void PropertyExpression::CheckBeforeDelivery() {
     try {
         CheckForInterruption();
     } catch (...) {
         slot_.Clear();
         throw;
     }
+}
+
+// The step that most streams consist of, an iterator's next value: the driver stays as it is, and is stopped only where
+// the iterator fails.
+EvaluationStatus PropertyExpression::NextIterated() {
+    slot_.Clear();
+    memory_->ReleaseTo(mark_);
+    try {
+        if (Call(accessor_->nextMiddle)) {
+            CheckBeforeDelivery();
+            return StatusOk;
+        }
+    } catch (...) {
+        TentativeValue(Driver()).Abandon();
+        throw;
+    }
+    TentativeValue driver(Driver());
+    const PlainSteps steps;
+    EvaluationStatus status = steps.Next(driver);
+    bool found = false;
+    if (status == StatusOk) {
+        status = MiddleFrom(steps, found, driver);
+    }
+    if (status != StatusOk) {
+        return status;
+    }
+    if (found) {
+        driver.Release();
+        return StatusOk;
+    }
+    return RunStages(steps, driver);
 }
 
 EvaluationStatus PropertyExpression::TryFirstInitial(bool& found) {
@@ -234,7 +265,9 @@ EvaluationStatus PropertyExpression::Stop(const Steps& steps) {
 }
 
 EvaluationStatus PropertyExpression::TryFirst() { return First(PlainSteps()); }
-EvaluationStatus PropertyExpression::TryNext() { return Next(PlainSteps()); }
+EvaluationStatus PropertyExpression::TryNext() {
+    return stage_ == Stage::NextMiddle && accessor_->iterated ? NextIterated() : Next(PlainSteps());
+}
 EvaluationStatus PropertyExpression::TryStop() { return Stop(PlainSteps()); }
 
 EvaluationStatus PropertyExpression::TryFirstFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) {

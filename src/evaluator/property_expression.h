@@ -64,6 +64,7 @@ private:
     EvaluationStatus TryNextFinal(bool& found);
 
     // Calls a stage with the driver's current values or, in the outer stages, with none; true where it made a value.
+    EvaluationStatus NextIterated();
     bool Call(StageFunction stage);
     bool CallAtMark(StageFunction stage);
     bool CallOuter(StageFunction stage);
@@ -72,8 +73,8 @@ private:
     std::string_view phrase_;
     Expression* index_;
     Expression* object_;
-    Expression* indexArgument_ = nullptr;   // The one stands for the other where one is absent.
-    Expression* objectArgument_ = nullptr;
+    void* const* indexArgument_ = nullptr;  // Where the arguments' current values are told; the one stands for the
+    void* const* objectArgument_ = nullptr;  // other where one is absent.
     const PropertyAccessor* accessor_ = nullptr;
     void* state_ = nullptr;
     StackAllocatorBase* memory_ = nullptr;

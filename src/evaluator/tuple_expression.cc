@@ -10,6 +10,7 @@ void TupleExpression::Bind(Expression* it, StackAllocatorBase& allocator) {
     byParts_ = left_->CanFingerprint() && right_->CanFingerprint();
     completeDependencies_ = left_->HasCompleteDependencies() && right_->HasCompleteDependencies();
     settled_ = left_->IsSettled() && right_->IsSettled();
+    leaf_ = right_->IsPlural() ? nullptr : right_->DirectValue();
 }
 
 // Pairs the left's current value, or the next one that has a right value, with the right's first.
@@ -36,11 +37,25 @@ EvaluationStatus TupleExpression::Pair(const Steps& steps, TentativeValue& left)
     return StatusOk;
 }
 
+// A leaf on the right has one value for each of the left's and adds nothing to a fingerprint: it is paired without being
+// asked.
+inline EvaluationStatus TupleExpression::PairWithLeaf(EvaluationStatus status, TentativeValue& left) {
+    if (status == StatusOk && left_->Value() != nullptr) {
+        pair_ = {left_->Value(), *leaf_};
+        slot_.value = &pair_;
+        left.Release();
+    }
+    return status;
+}
+
 template <class Steps>
 EvaluationStatus TupleExpression::First(const Steps& steps) {
     slot_.value = nullptr;
     TentativeValue left(left_);
     const EvaluationStatus status = steps.First(left);
+    if (leaf_ != nullptr) {
+        return PairWithLeaf(status, left);
+    }
     return status != StatusOk ? status : Pair(steps, left);
 }
 
@@ -48,6 +63,9 @@ template <class Steps>
 EvaluationStatus TupleExpression::Next(const Steps& steps) {
     slot_.value = nullptr;
     TentativeValue left(left_);
+    if (leaf_ != nullptr) {
+        return PairWithLeaf(steps.Next(left), left);
+    }
     {
         TentativeValue right(right_);
         const EvaluationStatus status = steps.Next(right);
@@ -69,6 +87,9 @@ EvaluationStatus TupleExpression::Next(const Steps& steps) {
 template <class Steps>
 EvaluationStatus TupleExpression::Stop(const Steps& steps) {
     slot_.value = nullptr;
+    if (leaf_ != nullptr) {
+        return steps.Finish(left_);
+    }
     TentativeValue left(left_);
     const EvaluationStatus rightStatus = steps.Finish(right_);
     const EvaluationStatus leftStatus = steps.Finish(left);

@@ -30,9 +30,11 @@ private:
     EvaluationStatus Stop(const Steps& steps);
     template <class Steps>
     EvaluationStatus Pair(const Steps& steps, TentativeValue& left);
+    EvaluationStatus PairWithLeaf(EvaluationStatus status, TentativeValue& left);
 
     Expression* left_;
     Expression* right_;
+    void* const* leaf_ = nullptr;  // The right side's value, where that is a leaf: the world at a tuple's end above all.
     TupleNode pair_;
 };
 

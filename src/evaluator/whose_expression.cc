@@ -18,6 +18,7 @@ void WhoseExpression::Bind(Expression* it, StackAllocatorBase& allocator) {
     if (!condition_->Type()->IsA(TypeRegistry::Instance().BooleanType())) {
         throw BooleanExpressionRequired();
     }
+    settledCondition_.Bind(condition_);
     type_ = filtered_->Type();
     plural_ = plural_ || filtered_->IsPlural();
     filtered_->ForcePlural();
@@ -32,10 +33,6 @@ bool WhoseExpression::AllValuesHold() {
         if (!*static_cast<const boolean*>(condition_->Value())) {
             return false;
         }
-        if (condition_->IsSettled()) {
-            condition_->Forget();
-            return true;
-        }
         status = condition.TryNext();
         if (steps % kStepsPerCheck == 0) {
             CheckForInterruption();
@@ -44,11 +41,16 @@ bool WhoseExpression::AllValuesHold() {
     return status == StatusOk;
 }
 
-bool WhoseExpression::ConditionHolds() {
+inline bool WhoseExpression::SettledConditionHolds() {
+    const void* value = nullptr;
+    return settledCondition_.Take(value) == StatusOk && *static_cast<const boolean*>(value);
+}
+
+inline bool WhoseExpression::ConditionHolds() {
     char* const mark = memory_->Top();
     bool holds = false;
     try {
-        holds = AllValuesHold();
+        holds = condition_->IsSettled() ? SettledConditionHolds() : AllValuesHold();
     } catch (const InspectorInterruption&) {
         memory_->ReleaseTo(mark);
         throw;

@@ -35,10 +35,12 @@ private:
 
     bool ConditionHolds();
     bool AllValuesHold();
+    bool SettledConditionHolds();
 
     Expression* filtered_;
     Expression* condition_;
     StackAllocatorBase* memory_ = nullptr;
+    SettledOperand settledCondition_;
 };
 
 #endif

@@ -2,10 +2,9 @@
 #ifndef FOUNDATION_FILE_LOOP_H
 #define FOUNDATION_FILE_LOOP_H
 
-#include <dirent.h>
-
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "foundation/file_class.h"
 #include "foundation/file_stat.h"
@@ -17,6 +16,10 @@ namespace UnixPlatform {
 // the listing shows as FileStat::Missing.  A folder that does not exist or cannot be read has no entries.
 //
 // An entry whose loading fails with a FileIOError is passed over.
+//
+// A cursor keeps the folder open while it has entries, so that each is looked at by its name in the folder; where many
+// are open already it does not, and walks each entry's whole path.  A listing is two blocks of memory, however many
+// entries it has.
 //
 //     for (FileLoop loop(folder); loop.Valid(); loop.Next()) { Use(loop.Current()); }
 class FileLoop {
@@ -38,12 +41,15 @@ public:
 
     FileLoop(const FileLoop&) = delete;
     FileLoop& operator=(const FileLoop&) = delete;
-    virtual ~FileLoop() = default;
+    virtual ~FileLoop() { Release(); }
 
-    bool Valid() const { return listing_.next < listing_.count; }
+    bool Valid() const { return next_ < starts_.size(); }
 
     // The entry that the cursor is on, good until Next.  Throws InvalidIteratorPosition when the cursor is not valid.
     const FileStat& Current() const;
+
+    // The same, to be moved from: Current is then of no use until Next.
+    FileStat& TakeCurrent();
 
     // Moves on, and lets go of the listing behind the last entry.  Does nothing when the cursor is not valid.
     void Next();
@@ -53,25 +59,20 @@ protected:
     virtual void FillListing();
 
 private:
-    struct Listing {
-        Listing() = default;
-        Listing(const Listing&) = delete;
-        Listing& operator=(const Listing&) = delete;
-        ~Listing() { Release(); }
-        void Release() noexcept;
-        void KeepMatching(std::string_view pattern) noexcept;
-
-        struct dirent64** entries = nullptr;
-        size_t count = 0;
-        size_t next = 0;  // the entry that the cursor is on
-    };
-
+    void Begin();
+    bool ReadNames();
+    void Add(const char* name);
     void Load();
+    void CloseFolder() noexcept;
+    void Release() noexcept;
 
     FileLocation folder_;
     std::string pattern_;
     bool filtered_ = false;
-    Listing listing_;
+    int descriptor_ = -1;         // the folder, -1 when it is not open
+    std::string names_;           // the entries' names, each with its zero byte
+    std::vector<size_t> starts_;  // where each name begins, in order
+    size_t next_ = 0;             // the entry that the cursor is on
     FileStat current_;
 };
 

@@ -1,22 +1,36 @@
 #include "foundation/file_stat.h"
 
+#include <fcntl.h>
+
 #include <cstring>
 #include <limits>
 #include <utility>
 
 void FileStat::Look(FileLocation location) noexcept {
     location_ = std::move(location);
-    const char* const path = location_.CString();
     // Zeroed first, so that records can be compared byte for byte whatever the kernel leaves alone.
     std::memset(&link_, 0, sizeof link_);
-    std::memset(&target_, 0, sizeof target_);
-    if (lstat64(path, &link_) != 0) {
-        std::memset(&link_, 0, sizeof link_);
-        state_ = Missing;
-    } else if (!S_ISLNK(link_.st_mode)) {
+    Take(lstat64(location_.CString(), &link_) == 0);
+}
+
+void FileStat::LookIn(int folder, const char* name, FileLocation location) noexcept {
+    location_ = std::move(location);
+    std::memset(&link_, 0, sizeof link_);
+    Take(fstatat64(folder, name, &link_, AT_SYMLINK_NOFOLLOW) == 0);
+}
+
+// Sets the state and the first record from the second one, which holds the place itself where it was found.
+void FileStat::Take(bool found) noexcept {
+    if (found && !S_ISLNK(link_.st_mode)) {
         target_ = link_;
         state_ = NoLink;
-    } else if (stat64(path, &target_) == 0) {
+        return;
+    }
+    std::memset(&target_, 0, sizeof target_);
+    if (!found) {
+        std::memset(&link_, 0, sizeof link_);
+        state_ = Missing;
+    } else if (stat64(location_.CString(), &target_) == 0) {
         state_ = Link;
     } else {
         std::memset(&target_, 0, sizeof target_);

@@ -26,6 +26,10 @@ public:
     // empty location.
     void Look(FileLocation location) noexcept;
 
+    // The same for an entry of a folder that is open as `folder`, whose name in it is `name`: the kernel need not walk
+    // the path again.  A link is still followed by its whole path, so that the links on the way there count.
+    void LookIn(int folder, const char* name, FileLocation location) noexcept;
+
     State GetState() const noexcept { return state_; }
     const FileLocation& Location() const noexcept { return location_; }
 
@@ -61,6 +65,7 @@ public:
     friend bool operator!=(const FileStat& a, const FileStat& b) noexcept { return !(a == b); }
 
 private:
+    void Take(bool found) noexcept;
     bool HasType(mode_t type) const noexcept { return (target_.st_mode & S_IFMT) == type; }
 
     State state_ = Missing;

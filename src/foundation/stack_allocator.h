@@ -40,7 +40,8 @@ public:
     void* Allocate(size_t size, size_t alignment) {
         const size_t rounded = size == 0 ? 4 : (size + 3) & ~size_t{3};
         size_t padding = (0 - reinterpret_cast<uintptr_t>(top_)) & (alignment - 1);
-        if (rounded < size || static_cast<size_t>(current_->end - top_) < rounded + padding) {
+        const auto room = static_cast<size_t>(current_->end - top_);
+        if (rounded < size || room < padding || room - padding < rounded) {
             OpenBlock(size, rounded);
             padding = 0;
         }

@@ -1,5 +1,6 @@
 #include "foundation/thread_local_ptr.h"
 
+#include <atomic>
 #include <cerrno>
 
 namespace UnixPlatform {
@@ -17,6 +18,13 @@ void CheckThreadLocalResult(int error) {
         default:
             throw UnknownThreadLocalError();
     }
+}
+
+unsigned NextMirrorPlace() {
+    static std::atomic<unsigned> next = 0;
+    // Held at the first place without a mirror, so that it never comes round.
+    const unsigned place = next.load();
+    return place < kMirroredPointers ? next.fetch_add(1) : kMirroredPointers;
 }
 
 }  // namespace UnixPlatform

@@ -152,10 +152,12 @@ struct BinaryAccessor {
     const GuardType* resultType = nullptr;
 };
 
-// An inspector cache: told when what it keeps has to go.  `expiry` is in microseconds since 1970; the largest value
-// means that everything goes.
+// A point of time in microseconds since 1970.
+using Instant = int64_t;
+
+// An inspector cache: told when what it keeps has to go.  The largest `expiry` means that everything goes.
 struct CacheRecord {
-    void (*clear)(int64_t& expiry, void* datum);
+    void (*clear)(Instant& expiry, void* datum);
     void* datum;
 };
 

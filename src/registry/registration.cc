@@ -35,11 +35,11 @@ template class RegistrationList<BinaryOperatorRegistration>;
 template class RegistrationList<CacheRegistration>;
 
 void ClearCaches(bool forever) {
-    int64_t expiry = std::numeric_limits<int64_t>::max();
+    Instant expiry = std::numeric_limits<Instant>::max();
     if (!forever) {
         timespec now{};
         clock_gettime(CLOCK_REALTIME, &now);
-        expiry = static_cast<int64_t>(now.tv_sec) * 1000000 + now.tv_nsec / 1000;
+        expiry = static_cast<Instant>(now.tv_sec) * 1000000 + now.tv_nsec / 1000;
     }
     RegistrationList<CacheRegistration>& list = RegistrationList<CacheRegistration>::Instance();
     const std::lock_guard<std::recursive_mutex> hold(list.Mutex());

@@ -133,6 +133,11 @@ private:
         (last_ == nullptr ? first_ : last_->next_) = entry;
         last_ = entry;
         ++size_;
+        for (Iterator* iterator = iterators_; iterator != nullptr; iterator = iterator->outer_) {
+            if (iterator->current_ == nullptr && iterator->moved_) {
+                iterator->current_ = entry;
+            }
+        }
     }
     void Remove(Kind* entry) {
         const std::lock_guard<std::recursive_mutex> hold(mutex_);

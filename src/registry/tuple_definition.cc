@@ -11,8 +11,13 @@
 #include "registry/type_registry.h"
 
 TupleDefinition::TupleDefinition(const GuardType* first, const GuardType* rest, bool terminates)
-    : type{nullptr, static_cast<unsigned>(2 * sizeof(void*) + rest->size), sizeof(TupleNode) + (terminates ? 0 : rest->storageSize),
-           alignof(TupleNode), nullptr, nullptr, nullptr},
+    : type{nullptr,
+           static_cast<unsigned>(2 * sizeof(void*) + rest->size),
+           sizeof(TupleNode) + (terminates ? 0 : rest->storageSize),
+           alignof(TupleNode),
+           nullptr,
+           nullptr,
+           nullptr},
       firstType(first),
       restType(rest),
       restIsTerminator(terminates) {
@@ -48,7 +53,8 @@ void TupleDefinition::Complete(const TypeRegistry& registry) {
     castRow_ = nullptr;
     type.casts = {};
     if (firstCast_ != nullptr && restCasts) {
-        castToString_ = {"string", "", "string", GenericCastToString, this, DependsOnlyOnParameters, &type, string, false};
+        castToString_ = {"string", "",     "string", GenericCastToString, this, DependsOnlyOnParameters,
+                         &type,    string, false};
         castRow_ = &castToString_;
         type.casts = {&castRow_, &castRow_ + 1};
     }
@@ -58,7 +64,8 @@ void TupleDefinition::Complete(const TypeRegistry& registry) {
         comparison.firstOp = registry.FindBinaryOperator(firstType, code, firstType);
         comparison.installed = comparison.firstOp != nullptr && comparison.firstOp->resultType == booleanType &&
                                (restIsTerminator || restType->tuple->Comparison(code).installed);
-        comparison.accessor = {code, "", "", "boolean", GenericGetter, this, DependsOnlyOnParameters, &type, &type, booleanType};
+        comparison.accessor = {code,  "",    "",         "boolean", GenericGetter, this, DependsOnlyOnParameters,
+                               &type, &type, booleanType};
         comparison.row = &comparison.accessor;
         type.binaryOperators[code] = {};
         if (comparison.installed) {
@@ -100,7 +107,8 @@ bool TupleDefinition::GenericCastToString(void* result, const void* operand, con
             break;
         }
     }
-    auto* texts = static_cast<inspector_string*>(allocator->Allocate(elements * sizeof(inspector_string), alignof(inspector_string)));
+    auto* texts = static_cast<inspector_string*>(
+        allocator->Allocate(elements * sizeof(inspector_string), alignof(inspector_string)));
     size_t total = 0;
     const TupleDefinition* node = definition;
     const auto* value = static_cast<const TupleNode*>(operand);
@@ -126,10 +134,9 @@ bool TupleDefinition::GenericCastToString(void* result, const void* operand, con
     return true;
 }
 
-bool TupleDefinition::TupleBinaryOperatorDefinition::First(const void* a, const void* b) const {
+std::optional<boolean> TupleDefinition::TupleBinaryOperatorDefinition::First(const void* a, const void* b) const {
     boolean answer = false;
-    firstOp->thunk(&answer, a, b, firstOp->data);
-    return answer;
+    return firstOp->thunk(&answer, a, b, firstOp->data) ? std::optional<boolean>(answer) : std::nullopt;
 }
 
 bool TupleDefinition::GenericGetter(void* result, const void* left, const void* right, const void* data) {
@@ -140,7 +147,7 @@ bool TupleDefinition::GenericGetter(void* result, const void* left, const void* 
     const TupleDefinition* definition = comparison->accessor.leftType->tuple;
     const auto* a = static_cast<const TupleNode*>(left);
     const auto* b = static_cast<const TupleNode*>(right);
-    boolean answer = false;
+    std::optional<boolean> answer;
     switch (comparison->accessor.code) {
         case kOperatorEqual:
             answer = definition->Equal(a, b);
@@ -152,30 +159,36 @@ bool TupleDefinition::GenericGetter(void* result, const void* left, const void* 
             answer = definition->LessOrEqual(a, b);
             break;
     }
-    new (result) boolean(answer);
+    if (!answer) {
+        return false;
+    }
+    new (result) boolean(*answer);
     return true;
 }
 
-bool TupleDefinition::Equal(const TupleNode* a, const TupleNode* b) const {
+std::optional<boolean> TupleDefinition::Equal(const TupleNode* a, const TupleNode* b) const {
     for (const TupleDefinition* node = this;; node = node->restType->tuple) {
-        if (!node->Comparison(kOperatorEqual).First(a->first, b->first)) {
-            return false;
-        }
-        if (node->restIsTerminator) {
-            return true;
+        const std::optional<boolean> equal = node->Comparison(kOperatorEqual).First(a->first, b->first);
+        if (!equal || !*equal || node->restIsTerminator) {
+            return equal;
         }
         a = static_cast<const TupleNode*>(a->rest);
         b = static_cast<const TupleNode*>(b->rest);
     }
 }
 
-bool TupleDefinition::Less(const TupleNode* a, const TupleNode* b) const {
+std::optional<boolean> TupleDefinition::Less(const TupleNode* a, const TupleNode* b) const {
     for (const TupleDefinition* node = this;; node = node->restType->tuple) {
         const TupleBinaryOperatorDefinition& less = node->Comparison(kOperatorLess);
-        if (less.First(a->first, b->first)) {
-            return true;
+        const std::optional<boolean> before = less.First(a->first, b->first);
+        if (!before || *before) {
+            return before;
         }
-        if (less.First(b->first, a->first) || node->restIsTerminator) {
+        const std::optional<boolean> behind = less.First(b->first, a->first);
+        if (!behind) {
+            return behind;
+        }
+        if (*behind || node->restIsTerminator) {
             return false;
         }
         a = static_cast<const TupleNode*>(a->rest);
@@ -184,16 +197,18 @@ bool TupleDefinition::Less(const TupleNode* a, const TupleNode* b) const {
 }
 
 // Kept as it stands: only "<=" is asked, never "<", so that a type with a partial order behaves as its "<=" does.
-bool TupleDefinition::LessOrEqual(const TupleNode* a, const TupleNode* b) const {
+std::optional<boolean> TupleDefinition::LessOrEqual(const TupleNode* a, const TupleNode* b) const {
     for (const TupleDefinition* node = this;; node = node->restType->tuple) {
         const TupleBinaryOperatorDefinition& lessOrEqual = node->Comparison(kOperatorLessOrEqual);
-        if (!lessOrEqual.First(a->first, b->first)) {
-            return false;
+        const std::optional<boolean> notBehind = lessOrEqual.First(a->first, b->first);
+        if (!notBehind || !*notBehind) {
+            return notBehind;
         }
-        if (!lessOrEqual.First(b->first, a->first)) {
-            return true;
+        const std::optional<boolean> notBefore = lessOrEqual.First(b->first, a->first);
+        if (!notBefore) {
+            return notBefore;
         }
-        if (node->restIsTerminator) {
+        if (!*notBefore || node->restIsTerminator) {
             return true;
         }
         a = static_cast<const TupleNode*>(a->rest);

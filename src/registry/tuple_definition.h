@@ -6,6 +6,7 @@
 #ifndef REGISTRY_TUPLE_DEFINITION_H
 #define REGISTRY_TUPLE_DEFINITION_H
 
+#include <optional>
 #include <string>
 
 #include "registry/core_values.h"
@@ -28,6 +29,9 @@ public:
     // "( integer, string )"; made at the first call.  Throws std::bad_alloc.
     std::string_view Name() const;
 
+    // Has the name made anew: another element may since stand where the one that was named stood.
+    void ForgetName() { name_.clear(); }
+
     // Finds the elements' casts and operators, quietly: what a look-up does not find is not there.  Throws
     // std::bad_alloc alone.
     void Complete(const TypeRegistry& registry);
@@ -36,9 +40,10 @@ private:
     static bool GenericCastToString(void* result, const void* operand, const void* data);
     static bool GenericGetter(void* result, const void* left, const void* right, const void* data);
 
-    bool Equal(const TupleNode* a, const TupleNode* b) const;
-    bool Less(const TupleNode* a, const TupleNode* b) const;
-    bool LessOrEqual(const TupleNode* a, const TupleNode* b) const;
+    // None where the elements' own comparison has no answer.
+    std::optional<boolean> Equal(const TupleNode* a, const TupleNode* b) const;
+    std::optional<boolean> Less(const TupleNode* a, const TupleNode* b) const;
+    std::optional<boolean> LessOrEqual(const TupleNode* a, const TupleNode* b) const;
 
     // One of the three comparisons: its own accessor, and the accessors of the elements.
     struct TupleBinaryOperatorDefinition {
@@ -47,7 +52,7 @@ private:
         const BinaryAccessor* row = nullptr;  // The one-row table that the type's slice points at.
         bool installed = false;
 
-        bool First(const void* a, const void* b) const;
+        std::optional<boolean> First(const void* a, const void* b) const;
     };
 
     TupleBinaryOperatorDefinition& Comparison(int code) { return comparisons_[code - kOperatorEqual]; }

@@ -89,7 +89,7 @@ void TypeRegistry::Build() {
     undefined_ = RegisteredType("undefined");
     RestoreTuples();
     for (GuardType* type : typeTable_) {
-        type->parent = type->parentName == nullptr ? nullptr : TypeByName(type->parentName);
+        type->parent = type->parentName == nullptr ? nullptr : ResolvedType(type->parentName);
     }
     BuildProperties();
     BuildCasts();
@@ -97,9 +97,7 @@ void TypeRegistry::Build() {
     BuildBinaryOperators();
     ApplyBlacklist();
     complete_ = true;
-    for (size_t i = 0; i < tuples_.Size(); ++i) {
-        tuples_[i].Complete(*this);
-    }
+    CompleteTuples();
 }
 
 void TypeRegistry::BuildTypes() {
@@ -129,9 +127,21 @@ void TypeRegistry::RestoreTuples() {
         if (live.count(tuple.firstType) != 0 && live.count(tuple.restType) != 0) {
             tupleTypes_.emplace(std::pair(tuple.firstType, tuple.restType), &tuple);
             live.insert(&tuple.type);
+            tuple.ForgetName();
         }
         tuple.type.properties = {};
         tuple.type.indexedProperties = {};
+    }
+}
+
+// In the order in which they were made, so that a rest is complete before what stands in front of it.  The elements of
+// a tuple type that is not found again may be gone.
+void TypeRegistry::CompleteTuples() {
+    for (size_t i = 0; i < tuples_.Size(); ++i) {
+        const auto place = tupleTypes_.find(std::pair(tuples_[i].firstType, tuples_[i].restType));
+        if (place != tupleTypes_.end() && place->second == &tuples_[i]) {
+            tuples_[i].Complete(*this);
+        }
     }
 }
 
@@ -259,15 +269,11 @@ const GuardType* TypeRegistry::TupleByName(std::string_view name) const {
     if (open != 0) {
         return nullptr;  // A prefix names a type derived from the tuple, and those are found as they are registered.
     }
-    std::vector<const GuardType*> elements;
+    std::vector<std::string_view> elements;
     std::string_view rest = structure.substr(2, structure.size() - 4);
     for (;;) {
         const std::string_view element = BeforeTopLevelComma(rest);
-        const GuardType* type = element.empty() ? nullptr : TypeByName(element);
-        if (type == nullptr) {
-            return nullptr;
-        }
-        elements.push_back(type);
+        elements.push_back(element);
         if (element.size() == rest.size()) {
             break;
         }
@@ -279,7 +285,11 @@ const GuardType* TypeRegistry::TupleByName(std::string_view name) const {
     }
     const GuardType* tuple = world_;
     for (auto element = elements.rbegin(); element != elements.rend(); ++element) {
-        tuple = TupleTypeFor(*element, tuple);
+        const GuardType* type = element->empty() ? nullptr : TypeByName(*element);
+        if (type == nullptr) {
+            return nullptr;
+        }
+        tuple = TupleTypeFor(type, tuple);
     }
     return tuple;
 }
@@ -465,9 +475,7 @@ std::string TypeRegistry::Key(const CastDefinition& cast) {
 void TypeRegistry::SetBlacklist(std::string_view text) {
     blacklist_ = text;
     ApplyBlacklist();
-    for (size_t i = 0; i < tuples_.Size(); ++i) {
-        tuples_[i].Complete(*this);
-    }
+    CompleteTuples();
 }
 
 void TypeRegistry::ApplyBlacklist() {

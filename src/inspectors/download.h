@@ -1,0 +1,20 @@
+// The folders that an agent downloads into.
+#ifndef INSPECTORS_DOWNLOAD_H
+#define INSPECTORS_DOWNLOAD_H
+
+#include "inspectors/folder.h"
+
+// The folder of all downloads.
+class download_storage_folder : public folder {
+public:
+    using folder::folder;
+};
+
+template <>
+struct InspectorTypeInfo<download_storage_folder> : InspectorTypeBasics<download_storage_folder, 0> {
+    static constexpr char Name[] = "download storage folder";
+    static constexpr unsigned Size = sizeof(download_storage_folder);
+    static constexpr const char* Parent = InspectorTypeInfo<folder>::Name;
+};
+
+#endif
