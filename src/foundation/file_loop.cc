@@ -19,9 +19,7 @@ namespace {
 // A descriptor above this is not kept: a walk in deep folders must not use up what the process may open.
 constexpr int kHighestKeptDescriptor = 63;
 
-bool IsDots(const char* name) {
-    return name[0] == '.' && (name[1] == '\0' || (name[1] == '.' && name[2] == '\0'));
-}
+bool IsDots(const char* name) { return name[0] == '.' && (name[1] == '\0' || (name[1] == '.' && name[2] == '\0')); }
 
 }  // namespace
 

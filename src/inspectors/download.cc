@@ -1,5 +1,6 @@
 #include "inspectors/download.h"
 
+#include <new>
 #include <string>
 
 #include "evaluator/adapters.h"
@@ -22,7 +23,8 @@ std::optional<download_storage_folder> DownloadStorageFolder() {
     return At<download_storage_folder>(FileLocation(dataFolder, cRESERVED_DIRECTORY_DOWNLOAD));
 }
 
-// The bytes of all files below, by the walk that `descendants` makes.  A tree that cannot be walked has no sum.
+// The bytes of all files below, by the walk that `descendants` makes.  A tree that cannot be walked has no sum;
+// that memory ran out is no fault of the tree's.
 std::optional<integer> TotalSize(const download_storage_folder& store) {
     try {
         std::optional<integer> sum = 0;
@@ -31,6 +33,8 @@ std::optional<integer> TotalSize(const download_storage_folder& store) {
             sum = *sum + integer(found->Target().st_size);
         }
         return sum;
+    } catch (const std::bad_alloc&) {
+        throw;
     } catch (...) {
         return std::nullopt;
     }

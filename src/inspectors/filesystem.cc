@@ -3,7 +3,7 @@
 #include <sys/stat.h>
 
 #include <cstring>
-#include <exception>
+#include <new>
 #include <vector>
 
 #include "evaluator/adapters.h"
@@ -68,11 +68,13 @@ std::optional<dev_t> DeviceOf(const std::string& path) {
     return stat64(path.c_str(), &record) == 0 ? std::optional<dev_t>(record.st_dev) : std::nullopt;
 }
 
-// A table that cannot be read tells no name, whatever the reason.
+// A table that cannot be read tells no name, whatever the reason; that memory ran out is no reason of the table's.
 std::vector<MountedFilesystem> TableOrNone() {
     try {
         return ReadMountTable();
-    } catch (const std::exception&) {
+    } catch (const std::bad_alloc&) {
+        throw;
+    } catch (...) {
         return {};
     }
 }
@@ -151,9 +153,9 @@ std::optional<integer> UsedFileCount(const filesystem& f) {
 
 template <class T>
 using OfObject = Property<T, filesystem, FilesystemOf<T>>;
-using Table = IteratedPropertyOfWorld<filesystem_iterator, filesystem, &filesystem_iterator::Next,
-                                      &filesystem_iterator::Next, &filesystem_iterator::Start,
-                                      &filesystem_iterator::Finished>;
+using Table =
+    IteratedPropertyOfWorld<filesystem_iterator, filesystem, &filesystem_iterator::Next, &filesystem_iterator::Next,
+                            &filesystem_iterator::Start, &filesystem_iterator::Finished>;
 
 // clang-format off
 Type<filesystem>                                                    type;

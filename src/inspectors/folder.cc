@@ -30,12 +30,12 @@ private:
 
 // The entries of one kind, and those among them whose names match a pattern.
 template <class T>
-using Entries = IteratedPropertyOfObject<folder_entries<T>, T, folder, &folder_entries<T>::Next, &folder_entries<T>::Next,
-                                         &folder_entries<T>::Start>;
+using Entries = IteratedPropertyOfObject<folder_entries<T>, T, folder, &folder_entries<T>::Next,
+                                         &folder_entries<T>::Next, &folder_entries<T>::Start>;
 template <class T>
-using MatchingEntries = IteratedPropertyByIndexOfObject<folder_entries<T>, T, inspector_string, folder,
-                                                        &folder_entries<T>::NextMatching, &folder_entries<T>::NextMatching,
-                                                        &folder_entries<T>::StartMatching>;
+using MatchingEntries =
+    IteratedPropertyByIndexOfObject<folder_entries<T>, T, inspector_string, folder, &folder_entries<T>::NextMatching,
+                                    &folder_entries<T>::NextMatching, &folder_entries<T>::StartMatching>;
 template <class T, auto Next>
 using Descendants = IteratedPropertyOfObject<descendant_iterator, T, folder, Next, Next, &descendant_iterator::Start>;
 

@@ -138,4 +138,47 @@ TEST(FileLoop, TheRootsEntriesHaveTwoSlashes) {
     EXPECT_TRUE(loop.Current().IsDirectory());
 }
 
+TEST(FileLoop, AnEntryMayBeTakenAway) {
+    const TemporaryPlace place;
+    place.File("a", "12");
+    place.Link("b", "a");
+    FileLoop loop(place.Location());
+    const FileStat a = std::move(loop.TakeCurrent());
+    loop.Next();
+    const FileStat b = std::move(loop.TakeCurrent());
+    loop.Next();
+    EXPECT_THROW(loop.TakeCurrent(), FileLoop::InvalidIteratorPosition);
+    EXPECT_EQ(a.Location(), place.Location("a"));
+    EXPECT_EQ(a, FileStat(place.Location("a")));
+    EXPECT_EQ(b.Location(), place.Location("b"));
+    EXPECT_EQ(b.Target().st_ino, a.Itself().st_ino);  // reading a link may change its times
+    EXPECT_EQ(b.GetState(), FileStat::Link);
+}
+
+// The links on the way to the folder count for what the kernel refuses, however the folder was opened.
+TEST(FileLoop, ALinkIsFollowedByItsWholePath) {
+    const TemporaryPlace place;
+    place.File("f");
+    place.Link("up", ".");
+    std::string path = place.Path();
+    for (int i = 0; i < 40; ++i) {
+        path += "/up";
+    }
+    FileLoop loop{FileLocation(path)};
+    ASSERT_TRUE(loop.Valid());
+    EXPECT_EQ(loop.Current().GetState(), FileStat::NoLink);
+    loop.Next();
+    EXPECT_EQ(loop.Current().GetState(), FileStat::DanglingLink);
+}
+
+TEST(FileLoop, AFullFolderIsListedWhole) {
+    const TemporaryPlace place;
+    List names;
+    for (int i = 1000; i < 4000; ++i) {
+        names.push_back("an entry with a long name " + std::to_string(i));
+        place.File(names.back());
+    }
+    EXPECT_EQ(Names(FileLoop(place.Location())), names);
+}
+
 }  // namespace
