@@ -1,7 +1,7 @@
 // Arbitrary bytes as a file of questions, asked through the console's own chain with the whole vocabulary.
 //
-// The work that one input can bring about is bounded: its text is short, and after so many checks a running evaluation is
-// interrupted.  What it asks can read the machine and change nothing.
+// The work that one input can bring about is bounded: its text is short, and after so many checks a running evaluation
+// is interrupted.  What it asks can read the machine and change nothing.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>

@@ -1,7 +1,8 @@
 // The words for what went wrong with a question, made in this one place.
 //
-// Each entry point is called inside a handler and throws the exception on into its own chain.  A failure has other words
-// when a question is understood, when it is evaluated and when its result is converted.  Messages are cut at 256 bytes.
+// Each entry point is called inside a handler and throws the exception on into its own chain.  A failure has other
+// words when a question is understood, when it is evaluated and when its result is converted.  Messages are cut at 256
+// bytes.
 #ifndef CONSOLE_EXPRESSION_MESSAGE_MAKER_H
 #define CONSOLE_EXPRESSION_MESSAGE_MAKER_H
 

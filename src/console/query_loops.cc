@@ -53,7 +53,8 @@ void RunInteractive(const ZendryCommandLine& commandLine, InspectorContext* cont
     chain.questioner.Start(0);
     std::string line;
     for (;;) {
-        // The prompt is a line of its own to the questioner: it closes the question before it, which prints its answers.
+        // The prompt is a line of its own to the questioner: it closes the question before it, which prints its
+        // answers.
         Send(chain.questioner, "Q: ");
         chain.output.Flush();
         if (!ReadQuestionLine(line)) {

@@ -10,8 +10,8 @@
 #include "console/questioner.h"
 #include "evaluator/inspector_context.h"
 
-// Made once for a loop and destroyed in reverse at its end.  Lines go in at the questioner.  The context may be null and
-// must outlive the chain.
+// Made once for a loop and destroyed in reverse at its end.  Lines go in at the questioner.  The context may be null
+// and must outlive the chain.
 struct QuestionChain {
     // An interactive chain does not echo what was typed, tells every question's time and sends each line on at once.
     // Throws std::bad_alloc.

@@ -15,12 +15,9 @@ struct FieldName {
 };
 
 constexpr FieldName kFieldNames[] = {
-    {"q", Treatment::Ask},
-    {"x-relevant-when", Treatment::Ask},
-    {"a", Treatment::Drop},
-    {"e", Treatment::Drop},
-    {"t", Treatment::Drop},
-    {"i", Treatment::Drop},
+    {"q", Treatment::Ask},  {"x-relevant-when", Treatment::Ask},
+    {"a", Treatment::Drop}, {"e", Treatment::Drop},
+    {"t", Treatment::Drop}, {"i", Treatment::Drop},
 };
 
 }  // namespace

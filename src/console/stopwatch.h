@@ -2,9 +2,8 @@
 #ifndef CONSOLE_STOPWATCH_H
 #define CONSOLE_STOPWATCH_H
 
-#include <ctime>
-
 #include <cstdint>
+#include <ctime>
 
 class Stopwatch {
 public:

@@ -61,7 +61,8 @@ TEST(ConsoleProcess, ReadsItsFilesInOrder) {
 TEST(ConsoleProcess, AFileThatCannotBeReadIsReportedAndTheNextIsRead) {
     const TemporaryPlace place;
     place.File("a", "Q: 1\n");
-    const Ended run = RunWith({place.Path("missing"), place.Path("a"), place.Path("a/below"), place.Path(), place.Path("a")});
+    const Ended run =
+        RunWith({place.Path("missing"), place.Path("a"), place.Path("a/below"), place.Path(), place.Path("a")});
     EXPECT_EQ(run.status, 0);
     EXPECT_EQ(run.output, "Q: 1\nA: 1\n\nQ: 1\nA: 1\n\n");
     EXPECT_EQ(run.errors, place.Path("missing") + ": No such file or directory\n" + place.Path("a/below") +
@@ -114,7 +115,8 @@ TEST(ConsoleProcess, AnEmptyLineAtThePromptIsAQuestion) {
 }
 
 TEST(ConsoleProcess, ALineAtThePromptIsNoField) {
-    EXPECT_EQ(RunWith({}, "Q: 1\n").output, "Q: E: This expression contained a character which is not allowed.\n\nQ: \n");
+    EXPECT_EQ(RunWith({}, "Q: 1\n").output,
+              "Q: E: This expression contained a character which is not allowed.\n\nQ: \n");
     EXPECT_EQ(RunWith({}, " 1 : 2\n").output,
               "Q: E: This expression contained a character which is not allowed.\n\nQ: \n");
 }
@@ -141,7 +143,11 @@ TEST(ConsoleProcess, CarriageReturnsAreWhiteSpace) {
 }
 
 TEST(ConsoleProcess, AZeroByteAtTheStartOfALineEndsTheInput) {
-    EXPECT_EQ(Untimed(RunWith({}, std::string_view("1\n\0" "2\n3\n", 7)).output), "Q: A: 1\nT: #\n\nQ: \n");
+    EXPECT_EQ(Untimed(RunWith({}, std::string_view("1\n\0"
+                                                   "2\n3\n",
+                                                   7))
+                          .output),
+              "Q: A: 1\nT: #\n\nQ: \n");
 }
 
 // The rest of a line behind a zero byte is not seen, its end included.
@@ -159,8 +165,7 @@ TEST(ConsoleProcess, AClosedInputIsAnEnd) {
 TEST(ConsoleProcess, AnInputThatCannotBeReadIsAnEnd) {
     Program program({}, Program::Input::Closed, "/");
     EXPECT_EQ(program.Status(), 0);
-    const std::string command =
-        std::string("exec timeout 10 ") + ZENDRY_PROGRAM + " < / ; exit 9";
+    const std::string command = std::string("exec timeout 10 ") + ZENDRY_PROGRAM + " < / ; exit 9";
     FILE* pipe = popen(command.c_str(), "r");
     std::string output;
     for (int c = std::fgetc(pipe); c != EOF; c = std::fgetc(pipe)) {
@@ -302,8 +307,7 @@ TEST(ConsoleProcess, EveryMessageThatAQuestionCanBringAbout) {
         {"1/0", "Singular expression refers to nonexistent object."},
         {"error \"some words\"", "User-defined error: some words"},
         {"if true then not 1 else true", "The expression could not be evaluated: BooleanExpressionRequired"},
-        {"integers in (1, 2, 0)",
-         "The expression could not be evaluated: \"integers in\" step argument must not be 0"},
+        {"integers in (1, 2, 0)", "The expression could not be evaluated: \"integers in\" step argument must not be 0"},
     };
     const TemporaryPlace place;
     std::string questions;

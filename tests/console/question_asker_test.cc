@@ -247,7 +247,8 @@ TEST(QuestionAsker, EscapesAllBytesOfAnAnswerButPrintableAscii) {
 
 TEST(QuestionAsker, EscapesTheMessageAndNeitherTheEchoNorTheType) {
     EXPECT_EQ(Ask(kBatch, {"error \"%e4%25\""}), "error \"%e4%25\"\nE: User-defined error: %e4%25\n\n");
-    EXPECT_EQ(Ask(kBatch, {"1 \xe4 %"}), "1 \xe4 %\nE: This expression contained a character which is not allowed.\n\n");
+    EXPECT_EQ(Ask(kBatch, {"1 \xe4 %"}),
+              "1 \xe4 %\nE: This expression contained a character which is not allowed.\n\n");
 }
 
 TEST(QuestionAsker, CutsAMessageAt256BytesBeforeItIsEscaped) {
@@ -259,7 +260,8 @@ TEST(QuestionAsker, CutsAMessageAt256BytesBeforeItIsEscaped) {
     for (int i = 0; i < 300; ++i) {
         text += "%0a";
     }
-    EXPECT_EQ(Ask(kBatch, {"error \"", text, "\""}), "error \"" + text + "\"\nE: User-defined error: " + escaped + "\n\n");
+    EXPECT_EQ(Ask(kBatch, {"error \"", text, "\""}),
+              "error \"" + text + "\"\nE: User-defined error: " + escaped + "\n\n");
 }
 
 TEST(QuestionAsker, AnswersStandWhereALaterOneFails) {

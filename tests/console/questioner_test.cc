@@ -168,7 +168,8 @@ TEST(Questioner, AStreamBehindAnotherStartsAfresh) {
 TEST(Questioner, TheConsolesOutputIsTheSameForEveryCut) {
     const std::string text =
         "Remarks stand as they are\nComment:  x\n\nQ: 1 +\n   2\nA: 4\n T: 1\nQ: (1;\n\t2;1 / 0)\n\nq: \"%25\"\n"
-        "Q: 1 2\n\nQ: )\nQ: () + !\nX-Relevant-When: 9223372036854775808\nA line with no colon in its first forty bytes is text: x\n"
+        "Q: 1 2\n\nQ: )\nQ: () + !\nX-Relevant-When: 9223372036854775808\nA line with no colon in its first forty "
+        "bytes is text: x\n"
         "Q: 4";
     const std::string out = OutcomeOfEveryCut(text, [](const Runs& runs) {
         BatchConsole console;

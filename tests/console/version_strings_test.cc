@@ -7,10 +7,9 @@
 namespace {
 
 TEST(VersionStrings, HoldTheFifteenKeysAndNoOther) {
-    const char* const keys[] = {"Version",          "Comments",     "CompanyName",    "FileDescription", "FileVersion",
-                                "InternalName",     "LegalCopyright", "LegalTrademarks", "OriginalFilename",
-                                "PrivateBuild",     "ProductName",  "ProductVersion", "SpecialBuild",    "BuildTarget",
-                                "ModuleName"};
+    const char* const keys[] = {"Version",      "Comments",       "CompanyName",     "FileDescription",  "FileVersion",
+                                "InternalName", "LegalCopyright", "LegalTrademarks", "OriginalFilename", "PrivateBuild",
+                                "ProductName",  "ProductVersion", "SpecialBuild",    "BuildTarget",      "ModuleName"};
     for (const char* key : keys) {
         EXPECT_EQ(VersionStringResource::versionMap.count(key), 1u) << key;
     }
