@@ -1,5 +1,5 @@
-// What a question costs inside one process: streams, filters, cross products, strings, unique values and file trees, and
-// the way of a short question from its text to its answer.
+// What a question costs inside one process: streams, filters, cross products, strings, unique values and file trees,
+// and the way of a short question from its text to its answer.
 #include <benchmark/benchmark.h>
 
 #include <string_view>

@@ -26,7 +26,9 @@ Given& Locations() {
 void SetExecutableLocation(const FileLocation& location) {
     Locations().executable = std::make_unique<FileLocation>(location);
 }
-void SetStorageLocation(const FileLocation& location) { Locations().storage = std::make_unique<FileLocation>(location); }
+void SetStorageLocation(const FileLocation& location) {
+    Locations().storage = std::make_unique<FileLocation>(location);
+}
 void SetLibLocation(const FileLocation& location) { Locations().library = std::make_unique<FileLocation>(location); }
 
 const FileLocation* GetExecutableLocation() { return Locations().executable.get(); }

@@ -165,7 +165,8 @@ struct Property : PropertyRegistrationObject {
 
 template <class R, class O, auto F>
 struct PropertyOfObject : PropertyRegistrationObject {
-    PropertyOfObject(const char* singular, const char* plural, DependencyFunction dependencies = DependsOnlyOnParameters)
+    PropertyOfObject(const char* singular, const char* plural,
+                     DependencyFunction dependencies = DependsOnlyOnParameters)
         : PropertyRegistrationObject(
               adapters::SimpleAccessor<PropertyOfObject, R, None, O>(singular, plural, dependencies)) {}
     static bool Get(void* result, const void*, const void* object, void*, const void*) {
@@ -186,7 +187,8 @@ struct NamedProperty : PropertyRegistrationObject {
 
 template <class O, class R, auto F, class Integer = integer>
 struct NumberedProperty : PropertyRegistrationObject {
-    NumberedProperty(const char* singular, const char* plural, DependencyFunction dependencies = DependsOnlyOnParameters)
+    NumberedProperty(const char* singular, const char* plural,
+                     DependencyFunction dependencies = DependsOnlyOnParameters)
         : PropertyRegistrationObject(
               adapters::SimpleAccessor<NumberedProperty, R, Integer, O>(singular, plural, dependencies)) {}
     static bool Get(void* result, const void* index, const void* object, void*, const void*) {
@@ -264,8 +266,8 @@ template <class Iterator, class R, auto FirstMember, auto NextMember = FirstMemb
 struct IteratedPropertyOfWorld : PropertyRegistrationObject {
     IteratedPropertyOfWorld(const char* singular, const char* plural,
                             DependencyFunction dependencies = DependsOnlyOnParameters)
-        : PropertyRegistrationObject(
-              adapters::IteratedAccessor<IteratedPropertyOfWorld, Iterator, R, None, None>(singular, plural, dependencies)) {}
+        : PropertyRegistrationObject(adapters::IteratedAccessor<IteratedPropertyOfWorld, Iterator, R, None, None>(
+              singular, plural, dependencies)) {}
     static bool First(void* result, const void*, const void*, void* state, const void*) {
         return adapters::Step<Start, Finished, FirstMember>(true, result, *static_cast<Iterator*>(state));
     }
@@ -279,8 +281,8 @@ template <class Iterator, class R, class I, auto FirstMember, auto NextMember = 
 struct IteratedPropertyByIndexOfWorld : PropertyRegistrationObject {
     IteratedPropertyByIndexOfWorld(const char* singular, const char* plural,
                                    DependencyFunction dependencies = DependsOnlyOnParameters)
-        : PropertyRegistrationObject(
-              adapters::IteratedAccessor<IteratedPropertyByIndexOfWorld, Iterator, R, I, None>(singular, plural, dependencies)) {}
+        : PropertyRegistrationObject(adapters::IteratedAccessor<IteratedPropertyByIndexOfWorld, Iterator, R, I, None>(
+              singular, plural, dependencies)) {}
     static bool First(void* result, const void* index, const void*, void* state, const void*) {
         return adapters::Step<Start, Finished, FirstMember>(true, result, *static_cast<Iterator*>(state),
                                                             adapters::As<I>(index));
@@ -296,8 +298,8 @@ template <class Iterator, class R, class O, auto FirstMember, auto NextMember = 
 struct IteratedPropertyOfObject : PropertyRegistrationObject {
     IteratedPropertyOfObject(const char* singular, const char* plural,
                              DependencyFunction dependencies = DependsOnlyOnParameters)
-        : PropertyRegistrationObject(
-              adapters::IteratedAccessor<IteratedPropertyOfObject, Iterator, R, None, O>(singular, plural, dependencies)) {}
+        : PropertyRegistrationObject(adapters::IteratedAccessor<IteratedPropertyOfObject, Iterator, R, None, O>(
+              singular, plural, dependencies)) {}
     static bool First(void* result, const void*, const void* object, void* state, const void*) {
         return adapters::Step<Start, Finished, FirstMember>(true, result, *static_cast<Iterator*>(state), Of(),
                                                             adapters::As<O>(object));
@@ -332,14 +334,17 @@ using IteratedGlobalProperty = IteratedPropertyOfWorld<Iterator, R, &Iterator::F
 
 template <class Iterator, class O, class R>
 struct IteratedProperty : PropertyRegistrationObject {
-    IteratedProperty(const char* singular, const char* plural, DependencyFunction dependencies = DependsOnlyOnParameters)
+    IteratedProperty(const char* singular, const char* plural,
+                     DependencyFunction dependencies = DependsOnlyOnParameters)
         : PropertyRegistrationObject(
               adapters::IteratedAccessor<IteratedProperty, Iterator, R, None, O>(singular, plural, dependencies)) {}
     static bool First(void* result, const void*, const void* object, void* state, const void*) {
-        return result == nullptr || adapters::Build(result, static_cast<Iterator*>(state)->First(adapters::As<O>(object)));
+        return result == nullptr ||
+               adapters::Build(result, static_cast<Iterator*>(state)->First(adapters::As<O>(object)));
     }
     static bool Next(void* result, const void*, const void* object, void* state, const void*) {
-        return result == nullptr || adapters::Build(result, static_cast<Iterator*>(state)->Next(adapters::As<O>(object)));
+        return result == nullptr ||
+               adapters::Build(result, static_cast<Iterator*>(state)->Next(adapters::As<O>(object)));
     }
 };
 
@@ -347,15 +352,18 @@ template <class Iterator, class O, class R>
 struct IteratedNamedProperty : PropertyRegistrationObject {
     IteratedNamedProperty(const char* singular, const char* plural,
                           DependencyFunction dependencies = DependsOnlyOnParameters)
-        : PropertyRegistrationObject(adapters::IteratedAccessor<IteratedNamedProperty, Iterator, R, inspector_string, O>(
-              singular, plural, dependencies)) {}
+        : PropertyRegistrationObject(
+              adapters::IteratedAccessor<IteratedNamedProperty, Iterator, R, inspector_string, O>(singular, plural,
+                                                                                                  dependencies)) {}
     static bool First(void* result, const void* index, const void* object, void* state, const void*) {
-        return result == nullptr || adapters::Build(result, static_cast<Iterator*>(state)->First(
-                                                                adapters::As<inspector_string>(index), adapters::As<O>(object)));
+        return result == nullptr ||
+               adapters::Build(result, static_cast<Iterator*>(state)->First(adapters::As<inspector_string>(index),
+                                                                            adapters::As<O>(object)));
     }
     static bool Next(void* result, const void* index, const void* object, void* state, const void*) {
-        return result == nullptr || adapters::Build(result, static_cast<Iterator*>(state)->Next(
-                                                                adapters::As<inspector_string>(index), adapters::As<O>(object)));
+        return result == nullptr ||
+               adapters::Build(result, static_cast<Iterator*>(state)->Next(adapters::As<inspector_string>(index),
+                                                                           adapters::As<O>(object)));
     }
 };
 
@@ -410,7 +418,7 @@ PropertyAccessor AggregatingAccessor(const char* singular, const char* plural, D
         accessor.firstMiddle = &SimpleAggregatorByIndexOfObject<A, I, O>::Aggregate;
     }
     accessor.firstFinal = &AggregatorBasics<A, R>::FirstFinal;
-    if constexpr (requires(A& aggregator) { aggregator.NextFinal(); }) {
+    if constexpr (requires(A & aggregator) { aggregator.NextFinal(); }) {
         accessor.nextFinal = &AggregatorBasics<A, R>::NextFinal;
     }
     return accessor;

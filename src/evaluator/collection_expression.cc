@@ -3,7 +3,11 @@
 #include <algorithm>
 
 CollectionExpression::CollectionExpression(Expression* left, Expression* right, CollectionExpression* nested)
-    : Expression(left, right), left_(left), right_(right), nested_(nested), count_(nested == nullptr ? 2 : nested->count_ + 1) {
+    : Expression(left, right),
+      left_(left),
+      right_(right),
+      nested_(nested),
+      count_(nested == nullptr ? 2 : nested->count_ + 1) {
     if (nested != nullptr) {
         depth_ = std::max(left->Depth(), right->Depth() + 1);
     }

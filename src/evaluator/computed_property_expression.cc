@@ -9,8 +9,7 @@ void ComputedPropertyExpression::Bind(Expression* it, StackAllocatorBase& alloca
     plural_ = plural_ || computed_->IsPlural() || source_->IsPlural();
     completeDependencies_ = source_->HasCompleteDependencies() && computed_->HasCompleteDependencies();
     computedIsFixed_ = computed_->HasCompleteDependencies() && source_->CanFingerprint();
-    byParts_ = computedIsFixed_ ||
-               (computed_->CanFingerprint() && (!isIndexOfProperty_ || source_->CanFingerprint()));
+    byParts_ = computedIsFixed_ || (computed_->CanFingerprint() && (!isIndexOfProperty_ || source_->CanFingerprint()));
 }
 
 // Goes on from the source's current value to the first for which the computed side has one.

@@ -23,7 +23,8 @@ public:
         if (depth <= kOrdinaryDepth) {
             work();
         } else {
-            RunApart(depth, [](void* w) { (*static_cast<std::remove_reference_t<Work>*>(w))(); }, &work);
+            RunApart(
+                depth, [](void* w) { (*static_cast<std::remove_reference_t<Work>*>(w))(); }, &work);
         }
     }
 

@@ -1,8 +1,8 @@
 // The nodes of a compiled expression: what they share, and the holder through which one node works with another.
 //
-// Evaluation is pulled and lazy.  A node is stopped, or parked on a value.  TryFirst is called on a stopped node; TryNext
-// only after a Try that left a value; TryStop only while a value is held.  A status other than StatusOk leaves the node
-// stopped.  A value is valid until the next Try on its node; a consumer that needs it longer copies it.
+// Evaluation is pulled and lazy.  A node is stopped, or parked on a value.  TryFirst is called on a stopped node;
+// TryNext only after a Try that left a value; TryStop only while a value is held.  A status other than StatusOk leaves
+// the node stopped.  A value is valid until the next Try on its node; a consumer that needs it longer copies it.
 //
 // Nodes lie in the memory of the GuardEvaluator that they were made for and are never freed one by one.
 #ifndef EVALUATOR_EXPRESSION_H
@@ -16,10 +16,10 @@
 #include "registry/records.h"
 
 enum EvaluationStatus : int {
-    StatusOk = 0,           // The value is the value, or null for no more values.
-    StatusDoesNotExist = 1, // A singular child had no value.
-    StatusNotUnique = 2,    // A singular child had a second value.
-    StatusNotConverted = 3  // An implicit conversion could not convert.
+    StatusOk = 0,            // The value is the value, or null for no more values.
+    StatusDoesNotExist = 1,  // A singular child had no value.
+    StatusNotUnique = 2,     // A singular child had a second value.
+    StatusNotConverted = 3   // An implicit conversion could not convert.
 };
 
 // A node's current value and the memory for it.
@@ -118,8 +118,8 @@ protected:
     bool completeDependencies_ = false;
 };
 
-// A hold on one child during a Try, on the machine stack.  Unless it is released, its end stops the child, so that after
-// any Try a child is either parked on a value that its parent still needs or has no value at all.
+// A hold on one child during a Try, on the machine stack.  Unless it is released, its end stops the child, so that
+// after any Try a child is either parked on a value that its parent still needs or has no value at all.
 class TentativeValue {
 public:
     explicit TentativeValue(Expression* child) : expression(child), singular(!child->IsPlural()) {}
@@ -170,8 +170,8 @@ private:
     }
 };
 
-// A settled operand of an operator: a leaf is read where it stands, anything else is asked for its one value, which needs
-// no holding.
+// A settled operand of an operator: a leaf is read where it stands, anything else is asked for its one value, which
+// needs no holding.
 class SettledOperand {
 public:
     void Bind(Expression* operand) {
@@ -227,8 +227,8 @@ struct FingerprintedSteps {
     void Decide(bool bit) const { path.Write(bit); }
 };
 
-// The common type of two: `undefined` gives way to any other; otherwise the first type on A's chain that B is or derives
-// from.  Throws IncompatibleTypes.
+// The common type of two: `undefined` gives way to any other; otherwise the first type on A's chain that B is or
+// derives from.  Throws IncompatibleTypes.
 const GuardType* CommonType(const GuardType* a, const GuardType* b);
 
 #endif

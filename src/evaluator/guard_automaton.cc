@@ -176,7 +176,8 @@ void GuardAutomaton::LastTupleElement() {
 
 void GuardAutomaton::Collection() {
     Expression* left = expressions_.Second();
-    ReplaceTwoBy(arena_.Make<CollectionExpression>(left, expressions_.Top(), dynamic_cast<CollectionExpression*>(left)));
+    ReplaceTwoBy(
+        arena_.Make<CollectionExpression>(left, expressions_.Top(), dynamic_cast<CollectionExpression*>(left)));
 }
 
 void GuardAutomaton::If() {

@@ -261,8 +261,8 @@ void GuardEvaluator::ConvertTo(std::string_view typeName, std::string_view castN
     }
 }
 
-void GuardEvaluator::ConvertToTuple(const std::string_view* keptTypeNames, size_t count, std::string_view targetTypeName,
-                                    std::string_view castName) {
+void GuardEvaluator::ConvertToTuple(const std::string_view* keptTypeNames, size_t count,
+                                    std::string_view targetTypeName, std::string_view castName) {
     const Installed installed(*this);
     const GuardType* target = TypeNamed(targetTypeName);
     const ExpressionArena::Checkpoint checkpoint = arena_.Here();
@@ -280,8 +280,7 @@ void GuardEvaluator::ConvertToTuple(const std::string_view* keptTypeNames, size_
         }
         const ConstData name(castName);
         const std::string_view keptName = arena_.CopyText(name.begin, name.end);
-        auto* conversion =
-            arena_.Make<ImplicitTupleConversion>(checkpoint.root, kept, count + 1, target, keptName);
+        auto* conversion = arena_.Make<ImplicitTupleConversion>(checkpoint.root, kept, count + 1, target, keptName);
         arena_.RunDeep([&] { conversion->BindConverters(memory); });
         mark_ = memory.Top();
     } catch (...) {

@@ -38,8 +38,8 @@ void IfExpression::Bind(Expression* it, StackAllocatorBase& allocator) {
     type_ = CommonType(then_->Type(), else_->Type());
     plural_ = plural_ || then_->IsPlural() || else_->IsPlural();
     byParts_ = condition_->CanFingerprint() && then_->CanFingerprint() && else_->CanFingerprint();
-    completeDependencies_ = condition_->HasCompleteDependencies() && then_->HasCompleteDependencies() &&
-                            else_->HasCompleteDependencies();
+    completeDependencies_ =
+        condition_->HasCompleteDependencies() && then_->HasCompleteDependencies() && else_->HasCompleteDependencies();
 }
 
 // The branch that the condition chooses; throws what was kept where that is the broken one.

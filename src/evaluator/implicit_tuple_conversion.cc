@@ -47,7 +47,8 @@ const GuardType* ImplicitTupleConversion::ConvertedType(const GuardType* type, S
         if (!HasForeignElement(type, kept_, keptCount_)) {
             return type;
         }
-        auto* replacement = new (allocator.Allocate(sizeof(Replacement), alignof(Replacement))) Replacement{{}, nullptr};
+        auto* replacement =
+            new (allocator.Allocate(sizeof(Replacement), alignof(Replacement))) Replacement{{}, nullptr};
         *lastReplacement_ = replacement;
         lastReplacement_ = &replacement->next;
         const GuardType* first = ConvertedType(type->tuple->firstType, allocator);

@@ -11,9 +11,14 @@
 class ImplicitTupleConversion final : public Expression {
 public:
     // The kept types (the world's among them) and the name's bytes must live as long as the node.
-    ImplicitTupleConversion(Expression* operand, const GuardType* const* kept, size_t keptCount, const GuardType* target,
-                            std::string_view castName)
-        : Expression(operand), operand_(operand), kept_(kept), keptCount_(keptCount), target_(target), castName_(castName) {}
+    ImplicitTupleConversion(Expression* operand, const GuardType* const* kept, size_t keptCount,
+                            const GuardType* target, std::string_view castName)
+        : Expression(operand),
+          operand_(operand),
+          kept_(kept),
+          keptCount_(keptCount),
+          target_(target),
+          castName_(castName) {}
     ~ImplicitTupleConversion() override { ClearSlots(); }
 
     EvaluationStatus TryFirst() override;
@@ -54,7 +59,7 @@ private:
     Converter** lastConverter_ = &converters_;
     Replacement* replacements_ = nullptr;
     Replacement** lastReplacement_ = &replacements_;
-    Converter* nextConverter_ = nullptr;      // Where the walk over a value stands.
+    Converter* nextConverter_ = nullptr;  // Where the walk over a value stands.
     Replacement* nextReplacement_ = nullptr;
 };
 

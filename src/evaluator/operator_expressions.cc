@@ -121,8 +121,8 @@ void BinaryOperatorExpression::Bind(Expression* it, StackAllocatorBase& allocato
     type_ = definition_->resultType;
     slot_.Reserve(type_, allocator);
     byParts_ = definition_->dependencies != nullptr && left_->CanFingerprint() && right_->CanFingerprint();
-    completeDependencies_ = definition_->dependencies != nullptr && left_->HasCompleteDependencies() &&
-                            right_->HasCompleteDependencies();
+    completeDependencies_ =
+        definition_->dependencies != nullptr && left_->HasCompleteDependencies() && right_->HasCompleteDependencies();
     settled_ = left_->IsSettled() && right_->IsSettled() && slot_.destroy == nullptr;
     settledLeft_.Bind(left_);
     settledRight_.Bind(right_);

@@ -1,8 +1,8 @@
 // A phrase: a property called for each value of its driver, which is the index where there is one, else the object.
 //
-// The node runs through the stages of the property's accessor: initial values that need no driver, for each driver value
-// a first and then further ones, final values once the driver is exhausted.  A property that has no value for a driver
-// value does not contribute, and the driver goes on.
+// The node runs through the stages of the property's accessor: initial values that need no driver, for each driver
+// value a first and then further ones, final values once the driver is exhausted.  A property that has no value for a
+// driver value does not contribute, and the driver goes on.
 #ifndef EVALUATOR_PROPERTY_EXPRESSION_H
 #define EVALUATOR_PROPERTY_EXPRESSION_H
 
@@ -73,7 +73,7 @@ private:
     std::string_view phrase_;
     Expression* index_;
     Expression* object_;
-    void* const* indexArgument_ = nullptr;  // Where the arguments' current values are told; the one stands for the
+    void* const* indexArgument_ = nullptr;   // Where the arguments' current values are told; the one stands for the
     void* const* objectArgument_ = nullptr;  // other where one is absent.
     const PropertyAccessor* accessor_ = nullptr;
     void* state_ = nullptr;

@@ -37,8 +37,8 @@ EvaluationStatus TupleExpression::Pair(const Steps& steps, TentativeValue& left)
     return StatusOk;
 }
 
-// A leaf on the right has one value for each of the left's and adds nothing to a fingerprint: it is paired without being
-// asked.
+// A leaf on the right has one value for each of the left's and adds nothing to a fingerprint: it is paired without
+// being asked.
 inline EvaluationStatus TupleExpression::PairWithLeaf(EvaluationStatus status, TentativeValue& left) {
     if (status == StatusOk && left_->Value() != nullptr) {
         pair_ = {left_->Value(), *leaf_};

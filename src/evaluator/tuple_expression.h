@@ -34,7 +34,8 @@ private:
 
     Expression* left_;
     Expression* right_;
-    void* const* leaf_ = nullptr;  // The right side's value, where that is a leaf: the world at a tuple's end above all.
+    void* const* leaf_ =
+        nullptr;  // The right side's value, where that is a leaf: the world at a tuple's end above all.
     TupleNode pair_;
 };
 

@@ -1,7 +1,8 @@
 // A pointer that each thread has its own copy of, kept under an operating-system thread key.
 //
 // The evaluator reads such pointers once per value.  So the first few of a process are mirrored in an array that the
-// thread reaches without a call; the key stays, for what has to be disposed of when a thread ends, and for those beyond.
+// thread reaches without a call; the key stays, for what has to be disposed of when a thread ends, and for those
+// beyond.
 #ifndef FOUNDATION_THREAD_LOCAL_PTR_H
 #define FOUNDATION_THREAD_LOCAL_PTR_H
 

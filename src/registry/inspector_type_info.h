@@ -7,8 +7,9 @@
 //         static constexpr unsigned Size = 8;
 //     };
 //
-// Size is what the language tells of a value; storage is the C++ type's own.  A derived type adds its Parent's name, and
-// its C++ class derives from its parent's as its first base, so that a pointer to the one is a pointer to the other.
+// Size is what the language tells of a value; storage is the C++ type's own.  A derived type adds its Parent's name,
+// and its C++ class derives from its parent's as its first base, so that a pointer to the one is a pointer to the
+// other.
 #ifndef REGISTRY_INSPECTOR_TYPE_INFO_H
 #define REGISTRY_INSPECTOR_TYPE_INFO_H
 

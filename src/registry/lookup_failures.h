@@ -41,7 +41,8 @@ private:
 // The administrator has forbidden this entry; the name is its blacklist key.
 class InspectorBlacklisted : public DebuggableException {
 public:
-    explicit InspectorBlacklisted(std::string name) : DebuggableException("InspectorBlacklisted"), name_(std::move(name)) {}
+    explicit InspectorBlacklisted(std::string name)
+        : DebuggableException("InspectorBlacklisted"), name_(std::move(name)) {}
     const std::string& Name() const { return name_; }
 
 private:

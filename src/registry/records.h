@@ -48,11 +48,11 @@ struct GuardType {
     unsigned size;     // Bytes of a value as the language tells them; storage is the two fields below.
     size_t storageSize;
     size_t storageAlignment;
-    void (*destroy)(void*);                              // Null where a value needs no destruction.
-    void (*fingerprint)(Fingerprinter&, const void*);    // Null where values cannot be fingerprinted.
-    const char* parentName;                              // Null for none.
-    const GuardType* parent = nullptr;                   // Resolved from parentName.
-    const TupleDefinition* tuple = nullptr;              // Null for a type that is no tuple.
+    void (*destroy)(void*);                            // Null where a value needs no destruction.
+    void (*fingerprint)(Fingerprinter&, const void*);  // Null where values cannot be fingerprinted.
+    const char* parentName;                            // Null for none.
+    const GuardType* parent = nullptr;                 // Resolved from parentName.
+    const TupleDefinition* tuple = nullptr;            // Null for a type that is no tuple.
 
     TableSlice<const PropertyAssociation> properties = {};         // Those with this type as direct object.
     TableSlice<const PropertyAssociation> indexedProperties = {};  // Those with this type as index.

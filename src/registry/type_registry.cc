@@ -112,9 +112,8 @@ void TypeRegistry::BuildTypes() {
                   TableSlice<const BinaryAccessor* const>());
         typeTable_.push_back(&type);
     });
-    std::stable_sort(typeTable_.begin(), typeTable_.end(), [](const GuardType* a, const GuardType* b) {
-        return std::string_view(a->name) < b->name;
-    });
+    std::stable_sort(typeTable_.begin(), typeTable_.end(),
+                     [](const GuardType* a, const GuardType* b) { return std::string_view(a->name) < b->name; });
 }
 
 // Tuple types of an earlier build stay where they are, for expressions may hold them; those whose elements are no
@@ -194,8 +193,7 @@ void TypeRegistry::BuildCasts() {
     });
     std::stable_sort(castTable_.begin(), castTable_.end(), CompareCasts);
     ForEachRun(
-        castTable_,
-        [](const CastDefinition* a, const CastDefinition* b) { return a->sourceType == b->sourceType; },
+        castTable_, [](const CastDefinition* a, const CastDefinition* b) { return a->sourceType == b->sourceType; },
         [](const CastDefinition* const* begin, const CastDefinition* const* end) {
             Writable((*begin)->sourceType).casts = {begin, end};
         });
@@ -227,7 +225,9 @@ void TypeRegistry::BuildBinaryOperators() {
     std::stable_sort(binaryTable_.begin(), binaryTable_.end(), CompareBinary);
     ForEachRun(
         binaryTable_,
-        [](const BinaryAccessor* a, const BinaryAccessor* b) { return a->leftType == b->leftType && a->code == b->code; },
+        [](const BinaryAccessor* a, const BinaryAccessor* b) {
+            return a->leftType == b->leftType && a->code == b->code;
+        },
         [](const BinaryAccessor* const* begin, const BinaryAccessor* const* end) {
             Writable((*begin)->leftType).binaryOperators[(*begin)->code] = {begin, end};
         });
@@ -326,10 +326,10 @@ PropertyRows RowsNamed(const GuardType* object, std::string_view name) {
 
 const PropertyAssociation* RowWithIndex(PropertyRows rows, const GuardType* index) {
     for (const GuardType* type = index; type != nullptr; type = type->parent) {
-        const PropertyAssociation* row =
-            std::lower_bound(rows.first, rows.second, type, [](const PropertyAssociation& candidate, const GuardType* t) {
-                return kByAddress(candidate.indexType, t);
-            });
+        const PropertyAssociation* row = std::lower_bound(rows.first, rows.second, type,
+                                                          [](const PropertyAssociation& candidate, const GuardType* t) {
+                                                              return kByAddress(candidate.indexType, t);
+                                                          });
         if (row != rows.second && row->indexType == type) {
             return row;
         }
@@ -410,10 +410,9 @@ namespace {
 
 const BinaryAccessor* ExactOperator(const GuardType* left, int code, const GuardType* right) {
     const TableSlice<const BinaryAccessor* const>& rows = left->binaryOperators[code];
-    const auto place =
-        std::lower_bound(rows.begin, rows.end, right, [](const BinaryAccessor* accessor, const GuardType* type) {
-            return kByAddress(accessor->rightType, type);
-        });
+    const auto place = std::lower_bound(
+        rows.begin, rows.end, right,
+        [](const BinaryAccessor* accessor, const GuardType* type) { return kByAddress(accessor->rightType, type); });
     return place != rows.end && (*place)->rightType == right ? *place : nullptr;
 }
 
@@ -452,8 +451,7 @@ const BinaryAccessor& TypeRegistry::BinaryOperator(const GuardType* left, int co
     if (const BinaryAccessor* accessor = FindBinaryOperator(left, code, right); accessor != nullptr) {
         return *accessor;
     }
-    throw OperationNotDefined(
-        {"<", left->Name(), "> ", kBinaryOperatorNames[code].symbol, " <", right->Name(), ">"});
+    throw OperationNotDefined({"<", left->Name(), "> ", kBinaryOperatorNames[code].symbol, " <", right->Name(), ">"});
 }
 
 std::string TypeRegistry::Key(const PropertyAssociation& row) {

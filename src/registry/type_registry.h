@@ -61,8 +61,8 @@ public:
     const CastDefinition* FindCast(const GuardType* from, std::string_view name) const;
     const BinaryAccessor* FindBinaryOperator(const GuardType* left, int code, const GuardType* right) const;
 
-    // The tuple type of an element and a rest, which is a tuple type or the world's; the same pair always gives the same
-    // type.  Throws std::bad_alloc.
+    // The tuple type of an element and a rest, which is a tuple type or the world's; the same pair always gives the
+    // same type.  Throws std::bad_alloc.
     const GuardType* TupleTypeFor(const GuardType* first, const GuardType* rest) const;
 
     // Forbids the entries whose keys stand in the text, separated by ";"; the empty text forbids none.

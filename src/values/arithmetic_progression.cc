@@ -5,8 +5,7 @@
 namespace {
 
 struct InvalidArithmeticProgressionStep : DebuggableException {
-    InvalidArithmeticProgressionStep() noexcept
-        : DebuggableException("\"integers in\" step argument must not be 0") {}
+    InvalidArithmeticProgressionStep() noexcept : DebuggableException("\"integers in\" step argument must not be 0") {}
 };
 
 using Pair = InspectorTuple2<integer, integer>;
@@ -55,8 +54,8 @@ private:
 using ap = arithmetic_progression;
 
 template <class Index, auto Start>
-using Progression = IteratedPropertyByIndexOfWorld<ap, integer, Index, &ap::Next<Index>, &ap::Next<Index>, Start,
-                                                   &ap::Finished<Index>>;
+using Progression =
+    IteratedPropertyByIndexOfWorld<ap, integer, Index, &ap::Next<Index>, &ap::Next<Index>, Start, &ap::Finished<Index>>;
 
 // clang-format off
 Progression<integer, &ap::StartTo>                                  to        {"integer to", "integers to"};

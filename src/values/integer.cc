@@ -14,8 +14,7 @@ std::optional<integer> SigDigitsI_of(integer n, integer x) {
     if (n.Value() > kMostDigits) {
         return std::nullopt;
     }
-    const uint64_t magnitude =
-        x.Value() < 0 ? 0 - static_cast<uint64_t>(x.Value()) : static_cast<uint64_t>(x.Value());
+    const uint64_t magnitude = x.Value() < 0 ? 0 - static_cast<uint64_t>(x.Value()) : static_cast<uint64_t>(x.Value());
     char digits[20];
     const auto count = static_cast<int64_t>(std::to_chars(digits, digits + sizeof digits, magnitude).ptr - digits);
     if (n.Value() >= count) {

@@ -1,4 +1,5 @@
-// The world, and what never has a value: the properties `error` and `nothing`, whose type fits either branch of an `if`.
+// The world, and what never has a value: the properties `error` and `nothing`, whose type fits either branch of an
+// `if`.
 #include "evaluator/adapters.h"
 
 namespace {
