@@ -59,10 +59,22 @@ void Free(void* memory) {
 [[gnu::noinline]] void* operator new(size_t size, std::align_val_t alignment) {
     return Allocate(size, static_cast<size_t>(alignment));
 }
+[[gnu::noinline]] void* operator new(size_t size, const std::nothrow_t&) noexcept {
+    try {
+        return Allocate(size, 16);
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
+}
+[[gnu::noinline]] void* operator new[](size_t size, const std::nothrow_t& none) noexcept {
+    return operator new(size, none);
+}
 [[gnu::noinline]] void operator delete(void* memory) noexcept { Free(memory); }
 [[gnu::noinline]] void operator delete(void* memory, size_t) noexcept { Free(memory); }
 [[gnu::noinline]] void operator delete[](void* memory) noexcept { Free(memory); }
 [[gnu::noinline]] void operator delete[](void* memory, size_t) noexcept { Free(memory); }
+[[gnu::noinline]] void operator delete(void* memory, const std::nothrow_t&) noexcept { Free(memory); }
+[[gnu::noinline]] void operator delete[](void* memory, const std::nothrow_t&) noexcept { Free(memory); }
 [[gnu::noinline]] void operator delete(void* memory, std::align_val_t) noexcept { Free(memory); }
 [[gnu::noinline]] void operator delete(void* memory, size_t, std::align_val_t) noexcept { Free(memory); }
 
