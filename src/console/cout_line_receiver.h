@@ -25,6 +25,9 @@ public:
     void Text(std::string_view text);
     void EndLine() { EndOfLine(0, 0); }
 
+    // The path as it was given; null for none.
+    const char* Path() const { return path_; }
+
     // Sends on what is held back.
     void Flush() { std::fflush(stream_); }
 

@@ -3,12 +3,12 @@
 #include <sys/stat.h>
 
 #include <algorithm>
-#include <regex>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "tests/console/program_run.h"
+#include "tests/console/untimed.h"
 #include "tests/foundation/temporary_place.h"
 
 namespace {
@@ -26,9 +26,6 @@ Ended RunWith(const std::vector<std::string>& arguments, std::string_view input 
     const int status = program.Status();
     return {status, program.output, program.errors};
 }
-
-// Times as "#".
-std::string Untimed(const std::string& text) { return std::regex_replace(text, std::regex("T: [0-9]+\n"), "T: #\n"); }
 
 std::string Content(const std::string& path) {
     std::ifstream file(path, std::ios::binary);

@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <new>
-#include <regex>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -12,6 +11,7 @@
 
 #include "evaluator/adapters.h"
 #include "tests/console/asked.h"
+#include "tests/console/untimed.h"
 #include "values/integer.h"
 
 // A type without a text form, and one whose text form is no text.
@@ -91,7 +91,7 @@ std::string Ask(const Flags& flags, const std::vector<std::string_view>& runs) {
     }
     console.chain.asker.EndOfLine(0, 0);
     console.chain.asker.Finish(0);
-    return std::regex_replace(console.Text(), std::regex("(^|\n)T: [0-9]+\n"), "$1T: #\n");
+    return Untimed(console.Text());
 }
 
 std::vector<Flags> EveryCombination() {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <regex>
+#include <cstdio>
 
 namespace {
 
@@ -30,7 +30,10 @@ TEST(VersionStrings, FiveAreEmptyAndTheOthersAreNot) {
 
 TEST(VersionStrings, TheThreeVersionsAreOneVersionOfFourParts) {
     const auto& map = VersionStringResource::versionMap;
-    EXPECT_TRUE(std::regex_match(map.at("Version"), std::regex("[0-9]+\\.[0-9]+\\.[0-9]+\\.[0-9]+")));
+    unsigned parts[4];
+    char rest = 0;
+    EXPECT_EQ(std::sscanf(map.at("Version").c_str(), "%u.%u.%u.%u%c", parts, parts + 1, parts + 2, parts + 3, &rest),
+              4);
     EXPECT_EQ(map.at("FileVersion"), map.at("Version"));
     EXPECT_EQ(map.at("ProductVersion"), map.at("Version"));
 }
