@@ -33,22 +33,20 @@ EvaluationStatus AggregateExpression::First(const Steps& steps) {
     return status;
 }
 
-EvaluationStatus AggregateExpression::TryNext() {
+// One value at most was given, and it is the node's own.
+template <class Steps>
+EvaluationStatus AggregateExpression::Next(const Steps&) {
     slot_.value = nullptr;
     return StatusOk;
 }
 
-EvaluationStatus AggregateExpression::TryFirst() { return First(PlainSteps()); }
-
-EvaluationStatus AggregateExpression::TryFirstFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) {
-    return byParts_ ? First(FingerprintedSteps{fingerprinter, path})
-                    : Expression::TryFirstFingerprinted(fingerprinter, path);
+template <class Steps>
+EvaluationStatus AggregateExpression::Stop(const Steps& steps) {
+    return Next(steps);
 }
 
-EvaluationStatus AggregateExpression::TryNextFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) {
-    return byParts_ ? TryNext() : Expression::TryNextFingerprinted(fingerprinter, path);
+EvaluationStatus AggregateExpression::Replay(Fingerprinter& fingerprinter, EvaluationPath& path) {
+    return operand_->AddFingerprint(fingerprinter, path);
 }
 
-EvaluationStatus AggregateExpression::AddFingerprint(Fingerprinter& fingerprinter, EvaluationPath& path) {
-    return byParts_ ? operand_->AddFingerprint(fingerprinter, path) : Expression::AddFingerprint(fingerprinter, path);
-}
+template class SteppedExpression<AggregateExpression>;

@@ -6,22 +6,16 @@
 
 #include <limits>
 
-#include "evaluator/expression.h"
+#include "evaluator/stepped_expression.h"
 #include "registry/core_values.h"
 
-class AggregateExpression : public Expression {
+class AggregateExpression : public SteppedExpression<AggregateExpression> {
 public:
-    EvaluationStatus TryFirst() final;
-    EvaluationStatus TryNext() final;
-    EvaluationStatus TryStop() final { return TryNext(); }
-    EvaluationStatus TryFirstFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) final;
-    EvaluationStatus TryNextFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) final;
     void AddDependencies(Fingerprinter& fingerprinter) final { operand_->AddDependencies(fingerprinter); }
-    EvaluationStatus AddFingerprint(Fingerprinter& fingerprinter, EvaluationPath& path) final;
     void Bind(Expression* it, StackAllocatorBase& allocator) final;
 
 protected:
-    explicit AggregateExpression(Expression* operand) : Expression(operand), operand_(operand) {}
+    explicit AggregateExpression(Expression* operand) : SteppedExpression(operand), operand_(operand) {}
 
     virtual const GuardType* AggregateType() const = 0;
 
@@ -32,8 +26,15 @@ protected:
     virtual bool AggregateStep() = 0;
 
 private:
+    friend class SteppedExpression<AggregateExpression>;
+
     template <class Steps>
     EvaluationStatus First(const Steps& steps);
+    template <class Steps>
+    EvaluationStatus Next(const Steps& steps);
+    template <class Steps>
+    EvaluationStatus Stop(const Steps& steps);
+    EvaluationStatus Replay(Fingerprinter& fingerprinter, EvaluationPath& path);
 
     Expression* operand_;
 };
@@ -70,5 +71,7 @@ private:
 
     int64_t count_ = 0;
 };
+
+extern template class SteppedExpression<AggregateExpression>;
 
 #endif

@@ -1,6 +1,7 @@
 #include "evaluator/bar_expression.h"
 
 #include "evaluator/failure.h"
+#include "evaluator/stepped_expression.h"
 
 void BarExpression::Bind(Expression* it, StackAllocatorBase& allocator) {
     left_->Bind(it, allocator);

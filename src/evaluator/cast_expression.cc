@@ -41,9 +41,7 @@ EvaluationStatus ConversionBase::FirstConverted(const Steps& steps, TentativeVal
 template <class Steps>
 EvaluationStatus ConversionBase::First(const Steps& steps) {
     slot_.value = nullptr;
-    if constexpr (Steps::kFingerprinting) {
-        steps.AddDependencies(cast_->dependencies);
-    }
+    steps.AddDependencies(cast_->dependencies);
     TentativeValue operand(operand_);
     const EvaluationStatus status = steps.First(operand);
     return status != StatusOk ? status : FirstConverted(steps, operand);
@@ -63,24 +61,6 @@ EvaluationStatus ConversionBase::Stop(const Steps& steps) {
     return steps.Finish(operand_);
 }
 
-EvaluationStatus ConversionBase::TryFirst() { return First(PlainSteps()); }
-EvaluationStatus ConversionBase::TryNext() { return Next(PlainSteps()); }
-EvaluationStatus ConversionBase::TryStop() { return Stop(PlainSteps()); }
-
-EvaluationStatus ConversionBase::TryFirstFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) {
-    return byParts_ ? First(FingerprintedSteps{fingerprinter, path})
-                    : Expression::TryFirstFingerprinted(fingerprinter, path);
-}
-
-EvaluationStatus ConversionBase::TryNextFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) {
-    return byParts_ ? Next(FingerprintedSteps{fingerprinter, path})
-                    : Expression::TryNextFingerprinted(fingerprinter, path);
-}
-
-EvaluationStatus ConversionBase::TryStopFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) {
-    return byParts_ ? Stop(FingerprintedSteps{fingerprinter, path}) : TryStop();
-}
-
 void ConversionBase::AddDependencies(Fingerprinter& fingerprinter) {
     if (cast_->dependencies != nullptr) {
         cast_->dependencies(fingerprinter);
@@ -88,10 +68,9 @@ void ConversionBase::AddDependencies(Fingerprinter& fingerprinter) {
     operand_->AddDependencies(fingerprinter);
 }
 
-EvaluationStatus ConversionBase::AddFingerprint(Fingerprinter& fingerprinter, EvaluationPath& path) {
-    if (!byParts_) {
-        return Expression::AddFingerprint(fingerprinter, path);
-    }
+EvaluationStatus ConversionBase::Replay(Fingerprinter& fingerprinter, EvaluationPath& path) {
     cast_->dependencies(fingerprinter);
     return operand_->AddFingerprint(fingerprinter, path);
 }
+
+template class SteppedExpression<ConversionBase>;

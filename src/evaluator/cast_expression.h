@@ -5,18 +5,11 @@
 
 #include <string_view>
 
-#include "evaluator/expression.h"
+#include "evaluator/stepped_expression.h"
 
-class ConversionBase : public Expression {
+class ConversionBase : public SteppedExpression<ConversionBase> {
 public:
-    EvaluationStatus TryFirst() final;
-    EvaluationStatus TryNext() final;
-    EvaluationStatus TryStop() final;
-    EvaluationStatus TryFirstFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) final;
-    EvaluationStatus TryNextFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) final;
-    EvaluationStatus TryStopFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) final;
     void AddDependencies(Fingerprinter& fingerprinter) final;
-    EvaluationStatus AddFingerprint(Fingerprinter& fingerprinter, EvaluationPath& path) final;
 
     // Binds the operand and then the cast on its type.
     void Bind(Expression* it, StackAllocatorBase& allocator) final;
@@ -28,15 +21,18 @@ public:
 protected:
     // The name's bytes must live as long as the node.
     ConversionBase(Expression* operand, std::string_view name, bool strict)
-        : Expression(operand), operand_(operand), name_(name), strict_(strict) {}
+        : SteppedExpression(operand), operand_(operand), name_(name), strict_(strict) {}
 
 private:
+    friend class SteppedExpression<ConversionBase>;
+
     template <class Steps>
     EvaluationStatus First(const Steps& steps);
     template <class Steps>
     EvaluationStatus Next(const Steps& steps);
     template <class Steps>
     EvaluationStatus Stop(const Steps& steps);
+    EvaluationStatus Replay(Fingerprinter& fingerprinter, EvaluationPath& path);
     template <class Steps>
     EvaluationStatus FirstConverted(const Steps& steps, TentativeValue& operand);
 
@@ -55,5 +51,7 @@ class ImplicitConversion final : public ConversionBase {
 public:
     ImplicitConversion(Expression* operand, std::string_view name) : ConversionBase(operand, name, true) {}
 };
+
+extern template class SteppedExpression<ConversionBase>;
 
 #endif

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 CollectionExpression::CollectionExpression(Expression* left, Expression* right, CollectionExpression* nested)
-    : Expression(left, right),
+    : SteppedExpression(left, right),
       left_(left),
       right_(right),
       nested_(nested),
@@ -84,24 +84,6 @@ EvaluationStatus CollectionExpression::Stop(const Steps& steps) {
     return steps.Finish(items_[current_]);
 }
 
-EvaluationStatus CollectionExpression::TryFirst() { return First(PlainSteps()); }
-EvaluationStatus CollectionExpression::TryNext() { return Next(PlainSteps()); }
-EvaluationStatus CollectionExpression::TryStop() { return Stop(PlainSteps()); }
-
-EvaluationStatus CollectionExpression::TryFirstFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) {
-    return byParts_ ? First(FingerprintedSteps{fingerprinter, path})
-                    : Expression::TryFirstFingerprinted(fingerprinter, path);
-}
-
-EvaluationStatus CollectionExpression::TryNextFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) {
-    return byParts_ ? Next(FingerprintedSteps{fingerprinter, path})
-                    : Expression::TryNextFingerprinted(fingerprinter, path);
-}
-
-EvaluationStatus CollectionExpression::TryStopFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) {
-    return byParts_ ? Stop(FingerprintedSteps{fingerprinter, path}) : TryStop();
-}
-
 void CollectionExpression::AddDependencies(Fingerprinter& fingerprinter) {
     for (size_t i = 0; i < count_; ++i) {
         items_[i]->AddDependencies(fingerprinter);
@@ -110,10 +92,7 @@ void CollectionExpression::AddDependencies(Fingerprinter& fingerprinter) {
 
 // Evaluation meets the first value of an item in a step of its own, whose fingerprint is added to what came before;
 // so each item but the first is gathered apart here, too.
-EvaluationStatus CollectionExpression::AddFingerprint(Fingerprinter& fingerprinter, EvaluationPath& path) {
-    if (!byParts_) {
-        return Expression::AddFingerprint(fingerprinter, path);
-    }
+EvaluationStatus CollectionExpression::Replay(Fingerprinter& fingerprinter, EvaluationPath& path) {
     EvaluationStatus status = items_[0]->AddFingerprint(fingerprinter, path);
     for (size_t i = 1; i < count_ && status == StatusOk; ++i) {
         Fingerprinter apart;
@@ -123,3 +102,5 @@ EvaluationStatus CollectionExpression::AddFingerprint(Fingerprinter& fingerprint
     }
     return status;
 }
+
+template class SteppedExpression<CollectionExpression>;

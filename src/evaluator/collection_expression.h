@@ -6,30 +6,26 @@
 #ifndef EVALUATOR_COLLECTION_EXPRESSION_H
 #define EVALUATOR_COLLECTION_EXPRESSION_H
 
-#include "evaluator/expression.h"
+#include "evaluator/stepped_expression.h"
 
-class CollectionExpression final : public Expression {
+class CollectionExpression final : public SteppedExpression<CollectionExpression> {
 public:
     // `nested` is `left` where that is itself a collection.
     CollectionExpression(Expression* left, Expression* right, CollectionExpression* nested);
 
-    EvaluationStatus TryFirst() override;
-    EvaluationStatus TryNext() override;
-    EvaluationStatus TryStop() override;
-    EvaluationStatus TryFirstFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) override;
-    EvaluationStatus TryNextFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) override;
-    EvaluationStatus TryStopFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) override;
     void AddDependencies(Fingerprinter& fingerprinter) override;
-    EvaluationStatus AddFingerprint(Fingerprinter& fingerprinter, EvaluationPath& path) override;
     void Bind(Expression* it, StackAllocatorBase& allocator) override;
 
 private:
+    friend class SteppedExpression<CollectionExpression>;
+
     template <class Steps>
     EvaluationStatus First(const Steps& steps);
     template <class Steps>
     EvaluationStatus Next(const Steps& steps);
     template <class Steps>
     EvaluationStatus Stop(const Steps& steps);
+    EvaluationStatus Replay(Fingerprinter& fingerprinter, EvaluationPath& path);
     template <class Steps>
     EvaluationStatus FirstFrom(const Steps& steps, size_t item);
 
@@ -40,5 +36,7 @@ private:
     Expression** items_ = nullptr;  // In written order, once bound.
     size_t current_ = 0;            // The item that holds a value while this node does.
 };
+
+extern template class SteppedExpression<CollectionExpression>;
 
 #endif

@@ -5,7 +5,7 @@
 #ifndef EVALUATOR_COMPUTED_PROPERTY_EXPRESSION_H
 #define EVALUATOR_COMPUTED_PROPERTY_EXPRESSION_H
 
-#include "evaluator/expression.h"
+#include "evaluator/stepped_expression.h"
 
 class ComputedPropertyExpression final : public Expression {
 public:

@@ -195,38 +195,6 @@ private:
     void* const* direct_ = nullptr;
 };
 
-// How a node takes its steps: plainly, or while a fingerprint is gathered.  Node classes are written once, over either.
-struct PlainSteps {
-    static constexpr bool kFingerprinting = false;
-    static EvaluationStatus First(TentativeValue& child) { return child.TryFirst(); }
-    static EvaluationStatus Next(TentativeValue& child) { return child.TryNext(); }
-    static EvaluationStatus Finish(TentativeValue& child) { return child.TryFinish(); }
-    static EvaluationStatus Finish(Expression* child) {
-        TentativeValue hold(child);
-        return hold.TryFinish();
-    }
-    static void AddByte(unsigned char) {}
-    static void AddDependencies(DependencyFunction) {}
-    static void Decide(bool) {}
-};
-
-struct FingerprintedSteps {
-    static constexpr bool kFingerprinting = true;
-    Fingerprinter& fingerprinter;
-    EvaluationPath& path;
-
-    EvaluationStatus First(TentativeValue& child) const { return child.TryFirstFingerprinted(fingerprinter, path); }
-    EvaluationStatus Next(TentativeValue& child) const { return child.TryNextFingerprinted(fingerprinter, path); }
-    EvaluationStatus Finish(TentativeValue& child) const { return child.TryFinishFingerprinted(fingerprinter, path); }
-    EvaluationStatus Finish(Expression* child) const {
-        TentativeValue hold(child);
-        return hold.TryFinishFingerprinted(fingerprinter, path);
-    }
-    void AddByte(unsigned char byte) const { fingerprinter.AddByte(byte); }
-    void AddDependencies(DependencyFunction dependencies) const { dependencies(fingerprinter); }
-    void Decide(bool bit) const { path.Write(bit); }
-};
-
 // The common type of two: `undefined` gives way to any other; otherwise the first type on A's chain that B is or
 // derives from.  Throws IncompatibleTypes.
 const GuardType* CommonType(const GuardType* a, const GuardType* b);

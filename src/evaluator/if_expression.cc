@@ -5,7 +5,7 @@
 #include "evaluator/logical_expressions.h"
 
 IfExpression::IfExpression(Expression* condition, Expression* thenBranch, Expression* elseBranch)
-    : Expression(condition, thenBranch), condition_(condition), then_(thenBranch), else_(elseBranch) {
+    : SteppedExpression(condition, thenBranch), condition_(condition), then_(thenBranch), else_(elseBranch) {
     depth_ = std::max(depth_, elseBranch->Depth() + 1);
 }
 
@@ -89,24 +89,6 @@ EvaluationStatus IfExpression::Stop(const Steps& steps) {
     return steps.Finish(chosen_);
 }
 
-EvaluationStatus IfExpression::TryFirst() { return First(PlainSteps()); }
-EvaluationStatus IfExpression::TryNext() { return Next(PlainSteps()); }
-EvaluationStatus IfExpression::TryStop() { return Stop(PlainSteps()); }
-
-EvaluationStatus IfExpression::TryFirstFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) {
-    return byParts_ ? First(FingerprintedSteps{fingerprinter, path})
-                    : Expression::TryFirstFingerprinted(fingerprinter, path);
-}
-
-EvaluationStatus IfExpression::TryNextFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) {
-    return byParts_ ? Next(FingerprintedSteps{fingerprinter, path})
-                    : Expression::TryNextFingerprinted(fingerprinter, path);
-}
-
-EvaluationStatus IfExpression::TryStopFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) {
-    return byParts_ ? Stop(FingerprintedSteps{fingerprinter, path}) : TryStop();
-}
-
 void IfExpression::AddDependencies(Fingerprinter& fingerprinter) {
     for (Expression* part : {condition_, then_, else_}) {
         if (part != broken_) {
@@ -115,10 +97,7 @@ void IfExpression::AddDependencies(Fingerprinter& fingerprinter) {
     }
 }
 
-EvaluationStatus IfExpression::AddFingerprint(Fingerprinter& fingerprinter, EvaluationPath& path) {
-    if (!byParts_) {
-        return Expression::AddFingerprint(fingerprinter, path);
-    }
+EvaluationStatus IfExpression::Replay(Fingerprinter& fingerprinter, EvaluationPath& path) {
     const EvaluationStatus status = condition_->AddFingerprint(fingerprinter, path);
     if (status != StatusOk) {
         return status;
@@ -127,3 +106,5 @@ EvaluationStatus IfExpression::AddFingerprint(Fingerprinter& fingerprinter, Eval
     fingerprinter.AddByte('?');
     return branch->AddFingerprint(fingerprinter, path);
 }
+
+template class SteppedExpression<IfExpression>;

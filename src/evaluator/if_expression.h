@@ -6,29 +6,25 @@
 #define EVALUATOR_IF_EXPRESSION_H
 
 #include "evaluator/caught_exception.h"
-#include "evaluator/expression.h"
+#include "evaluator/stepped_expression.h"
 
-class IfExpression final : public Expression {
+class IfExpression final : public SteppedExpression<IfExpression> {
 public:
     IfExpression(Expression* condition, Expression* thenBranch, Expression* elseBranch);
 
-    EvaluationStatus TryFirst() override;
-    EvaluationStatus TryNext() override;
-    EvaluationStatus TryStop() override;
-    EvaluationStatus TryFirstFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) override;
-    EvaluationStatus TryNextFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) override;
-    EvaluationStatus TryStopFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) override;
     void AddDependencies(Fingerprinter& fingerprinter) override;
-    EvaluationStatus AddFingerprint(Fingerprinter& fingerprinter, EvaluationPath& path) override;
     void Bind(Expression* it, StackAllocatorBase& allocator) override;
 
 private:
+    friend class SteppedExpression<IfExpression>;
+
     template <class Steps>
     EvaluationStatus First(const Steps& steps);
     template <class Steps>
     EvaluationStatus Next(const Steps& steps);
     template <class Steps>
     EvaluationStatus Stop(const Steps& steps);
+    EvaluationStatus Replay(Fingerprinter& fingerprinter, EvaluationPath& path);
 
     bool BoundQuietly(Expression* branch, Expression* it, StackAllocatorBase& allocator);
     Expression* Chosen(bool condition) const;
@@ -40,5 +36,7 @@ private:
     AutoPtr<CaughtException> captured_;
     Expression* chosen_ = nullptr;
 };
+
+extern template class SteppedExpression<IfExpression>;
 
 #endif

@@ -4,6 +4,7 @@
 
 #include "evaluator/calls.h"
 #include "evaluator/failure.h"
+#include "evaluator/stepped_expression.h"
 #include "registry/type_registry.h"
 
 namespace {

@@ -56,6 +56,9 @@ inline EvaluationStatus ItemOfExpression::FirstSettled() {
 
 template <class Steps>
 EvaluationStatus ItemOfExpression::First(const Steps& steps) {
+    if (!Steps::kFingerprinting && settled_) {
+        return FirstSettled();
+    }
     slot_.value = nullptr;
     TentativeValue tuple(tuple_);
     const EvaluationStatus status = steps.First(tuple);
@@ -82,24 +85,8 @@ EvaluationStatus ItemOfExpression::Stop(const Steps& steps) {
     return steps.Finish(tuple_);
 }
 
-EvaluationStatus ItemOfExpression::TryFirst() { return settled_ ? FirstSettled() : First(PlainSteps()); }
-EvaluationStatus ItemOfExpression::TryNext() { return Next(PlainSteps()); }
-EvaluationStatus ItemOfExpression::TryStop() { return Stop(PlainSteps()); }
-
-EvaluationStatus ItemOfExpression::TryFirstFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) {
-    return byParts_ ? First(FingerprintedSteps{fingerprinter, path})
-                    : Expression::TryFirstFingerprinted(fingerprinter, path);
+EvaluationStatus ItemOfExpression::Replay(Fingerprinter& fingerprinter, EvaluationPath& path) {
+    return tuple_->AddFingerprint(fingerprinter, path);
 }
 
-EvaluationStatus ItemOfExpression::TryNextFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) {
-    return byParts_ ? Next(FingerprintedSteps{fingerprinter, path})
-                    : Expression::TryNextFingerprinted(fingerprinter, path);
-}
-
-EvaluationStatus ItemOfExpression::TryStopFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) {
-    return byParts_ ? Stop(FingerprintedSteps{fingerprinter, path}) : TryStop();
-}
-
-EvaluationStatus ItemOfExpression::AddFingerprint(Fingerprinter& fingerprinter, EvaluationPath& path) {
-    return byParts_ ? tuple_->AddFingerprint(fingerprinter, path) : Expression::AddFingerprint(fingerprinter, path);
-}
+template class SteppedExpression<ItemOfExpression>;

@@ -3,34 +3,30 @@
 #ifndef EVALUATOR_ITEM_OF_EXPRESSION_H
 #define EVALUATOR_ITEM_OF_EXPRESSION_H
 
-#include "evaluator/expression.h"
+#include "evaluator/stepped_expression.h"
 
-class ItemOfExpression final : public Expression {
+class ItemOfExpression final : public SteppedExpression<ItemOfExpression> {
 public:
     ItemOfExpression(Expression* index, Expression* tuple, bool plural)
-        : Expression(index, tuple), index_(index), tuple_(tuple) {
+        : SteppedExpression(index, tuple), index_(index), tuple_(tuple) {
         plural_ = plural;
     }
 
-    EvaluationStatus TryFirst() override;
-    EvaluationStatus TryNext() override;
-    EvaluationStatus TryStop() override;
-    EvaluationStatus TryFirstFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) override;
-    EvaluationStatus TryNextFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) override;
-    EvaluationStatus TryStopFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) override;
     void AddDependencies(Fingerprinter& fingerprinter) override { tuple_->AddDependencies(fingerprinter); }
-    EvaluationStatus AddFingerprint(Fingerprinter& fingerprinter, EvaluationPath& path) override;
 
     // Throws TupleIndexNotAnIntegerLiteral and TupleIndexOutOfRange.
     void Bind(Expression* it, StackAllocatorBase& allocator) override;
 
 private:
+    friend class SteppedExpression<ItemOfExpression>;
+
     template <class Steps>
     EvaluationStatus First(const Steps& steps);
     template <class Steps>
     EvaluationStatus Next(const Steps& steps);
     template <class Steps>
     EvaluationStatus Stop(const Steps& steps);
+    EvaluationStatus Replay(Fingerprinter& fingerprinter, EvaluationPath& path);
 
     void TakeElement(TentativeValue& tuple);
 
@@ -42,5 +38,7 @@ private:
     int64_t literal_ = 0;
     SettledOperand settledTuple_;
 };
+
+extern template class SteppedExpression<ItemOfExpression>;
 
 #endif

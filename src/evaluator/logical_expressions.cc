@@ -43,20 +43,16 @@ EvaluationStatus BinaryLogicalExpression::First(const Steps& steps) {
     return StatusOk;
 }
 
-EvaluationStatus BinaryLogicalExpression::TryNext() {
+// One value at most was given, and it is the node's own.
+template <class Steps>
+EvaluationStatus BinaryLogicalExpression::Next(const Steps&) {
     slot_.value = nullptr;
     return StatusOk;
 }
 
-EvaluationStatus BinaryLogicalExpression::TryFirst() { return First(PlainSteps()); }
-
-EvaluationStatus BinaryLogicalExpression::TryFirstFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) {
-    return byParts_ ? First(FingerprintedSteps{fingerprinter, path})
-                    : Expression::TryFirstFingerprinted(fingerprinter, path);
-}
-
-EvaluationStatus BinaryLogicalExpression::TryNextFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) {
-    return byParts_ ? TryNext() : Expression::TryNextFingerprinted(fingerprinter, path);
+template <class Steps>
+EvaluationStatus BinaryLogicalExpression::Stop(const Steps& steps) {
+    return Next(steps);
 }
 
 void BinaryLogicalExpression::AddDependencies(Fingerprinter& fingerprinter) {
@@ -64,10 +60,7 @@ void BinaryLogicalExpression::AddDependencies(Fingerprinter& fingerprinter) {
     right_->AddDependencies(fingerprinter);
 }
 
-EvaluationStatus BinaryLogicalExpression::AddFingerprint(Fingerprinter& fingerprinter, EvaluationPath& path) {
-    if (!byParts_) {
-        return Expression::AddFingerprint(fingerprinter, path);
-    }
+EvaluationStatus BinaryLogicalExpression::Replay(Fingerprinter& fingerprinter, EvaluationPath& path) {
     const EvaluationStatus status = left_->AddFingerprint(fingerprinter, path);
     if (status != StatusOk || !path.Read()) {
         return status;
@@ -75,3 +68,5 @@ EvaluationStatus BinaryLogicalExpression::AddFingerprint(Fingerprinter& fingerpr
     fingerprinter.AddByte(';');
     return right_->AddFingerprint(fingerprinter, path);
 }
+
+template class SteppedExpression<BinaryLogicalExpression>;

@@ -4,7 +4,7 @@
 #ifndef EVALUATOR_LOGICAL_EXPRESSIONS_H
 #define EVALUATOR_LOGICAL_EXPRESSIONS_H
 
-#include "evaluator/expression.h"
+#include "evaluator/stepped_expression.h"
 #include "registry/core_values.h"
 
 // Throws BooleanExpressionRequired or, for a boolean that is plural, SingularExpressionRequired.
@@ -22,24 +22,25 @@ EvaluationStatus ReadCondition(const Steps& steps, Expression* condition, boolea
     return steps.Finish(hold);
 }
 
-class BinaryLogicalExpression : public Expression {
+class BinaryLogicalExpression : public SteppedExpression<BinaryLogicalExpression> {
 public:
-    EvaluationStatus TryFirst() final;
-    EvaluationStatus TryNext() final;
-    EvaluationStatus TryStop() final { return TryNext(); }
-    EvaluationStatus TryFirstFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) final;
-    EvaluationStatus TryNextFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) final;
     void AddDependencies(Fingerprinter& fingerprinter) final;
-    EvaluationStatus AddFingerprint(Fingerprinter& fingerprinter, EvaluationPath& path) final;
     void Bind(Expression* it, StackAllocatorBase& allocator) final;
 
 protected:
     BinaryLogicalExpression(Expression* left, Expression* right, boolean shortCircuitValue)
-        : Expression(left, right), left_(left), right_(right), shortCircuitValue_(shortCircuitValue) {}
+        : SteppedExpression(left, right), left_(left), right_(right), shortCircuitValue_(shortCircuitValue) {}
 
 private:
+    friend class SteppedExpression<BinaryLogicalExpression>;
+
     template <class Steps>
     EvaluationStatus First(const Steps& steps);
+    template <class Steps>
+    EvaluationStatus Next(const Steps& steps);
+    template <class Steps>
+    EvaluationStatus Stop(const Steps& steps);
+    EvaluationStatus Replay(Fingerprinter& fingerprinter, EvaluationPath& path);
 
     Expression* left_;
     Expression* right_;
@@ -56,5 +57,7 @@ class OrExpression final : public BinaryLogicalExpression {
 public:
     OrExpression(Expression* left, Expression* right) : BinaryLogicalExpression(left, right, true) {}
 };
+
+extern template class SteppedExpression<BinaryLogicalExpression>;
 
 #endif

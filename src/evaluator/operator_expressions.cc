@@ -30,10 +30,11 @@ inline EvaluationStatus UnaryExpression::FirstSettled() {
 
 template <class Steps>
 EvaluationStatus UnaryExpression::First(const Steps& steps) {
-    slot_.value = nullptr;
-    if constexpr (Steps::kFingerprinting) {
-        steps.AddDependencies(definition_->dependencies);
+    if (!Steps::kFingerprinting && settled_) {
+        return FirstSettled();
     }
+    slot_.value = nullptr;
+    steps.AddDependencies(definition_->dependencies);
     TentativeValue operand(operand_);
     const EvaluationStatus status = steps.First(operand);
     if (status != StatusOk) {
@@ -52,22 +53,9 @@ EvaluationStatus UnaryExpression::Next(const Steps& steps) {
     return steps.Finish(operand_);
 }
 
-EvaluationStatus UnaryExpression::TryFirst() { return settled_ ? FirstSettled() : First(PlainSteps()); }
-EvaluationStatus UnaryExpression::TryNext() { return Next(PlainSteps()); }
-EvaluationStatus UnaryExpression::TryStop() { return Next(PlainSteps()); }
-
-EvaluationStatus UnaryExpression::TryFirstFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) {
-    return byParts_ ? First(FingerprintedSteps{fingerprinter, path})
-                    : Expression::TryFirstFingerprinted(fingerprinter, path);
-}
-
-EvaluationStatus UnaryExpression::TryNextFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) {
-    return byParts_ ? Next(FingerprintedSteps{fingerprinter, path})
-                    : Expression::TryNextFingerprinted(fingerprinter, path);
-}
-
-EvaluationStatus UnaryExpression::TryStopFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) {
-    return byParts_ ? Next(FingerprintedSteps{fingerprinter, path}) : TryStop();
+template <class Steps>
+EvaluationStatus UnaryExpression::Stop(const Steps& steps) {
+    return Next(steps);
 }
 
 void UnaryExpression::AddDependencies(Fingerprinter& fingerprinter) {
@@ -77,10 +65,7 @@ void UnaryExpression::AddDependencies(Fingerprinter& fingerprinter) {
     operand_->AddDependencies(fingerprinter);
 }
 
-EvaluationStatus UnaryExpression::AddFingerprint(Fingerprinter& fingerprinter, EvaluationPath& path) {
-    if (!byParts_) {
-        return Expression::AddFingerprint(fingerprinter, path);
-    }
+EvaluationStatus UnaryExpression::Replay(Fingerprinter& fingerprinter, EvaluationPath& path) {
     definition_->dependencies(fingerprinter);
     return operand_->AddFingerprint(fingerprinter, path);
 }
@@ -145,10 +130,11 @@ inline EvaluationStatus BinaryOperatorExpression::FirstSettled() {
 
 template <class Steps>
 EvaluationStatus BinaryOperatorExpression::First(const Steps& steps) {
-    slot_.value = nullptr;
-    if constexpr (Steps::kFingerprinting) {
-        steps.AddDependencies(definition_->dependencies);
+    if (!Steps::kFingerprinting && settled_) {
+        return FirstSettled();
     }
+    slot_.value = nullptr;
+    steps.AddDependencies(definition_->dependencies);
     TentativeValue left(left_);
     EvaluationStatus status = steps.First(left);
     if (status != StatusOk) {
@@ -178,22 +164,9 @@ EvaluationStatus BinaryOperatorExpression::Next(const Steps& steps) {
     return rightStatus != StatusOk ? rightStatus : leftStatus;
 }
 
-EvaluationStatus BinaryOperatorExpression::TryFirst() { return settled_ ? FirstSettled() : First(PlainSteps()); }
-EvaluationStatus BinaryOperatorExpression::TryNext() { return Next(PlainSteps()); }
-EvaluationStatus BinaryOperatorExpression::TryStop() { return Next(PlainSteps()); }
-
-EvaluationStatus BinaryOperatorExpression::TryFirstFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) {
-    return byParts_ ? First(FingerprintedSteps{fingerprinter, path})
-                    : Expression::TryFirstFingerprinted(fingerprinter, path);
-}
-
-EvaluationStatus BinaryOperatorExpression::TryNextFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) {
-    return byParts_ ? Next(FingerprintedSteps{fingerprinter, path})
-                    : Expression::TryNextFingerprinted(fingerprinter, path);
-}
-
-EvaluationStatus BinaryOperatorExpression::TryStopFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) {
-    return byParts_ ? Next(FingerprintedSteps{fingerprinter, path}) : TryStop();
+template <class Steps>
+EvaluationStatus BinaryOperatorExpression::Stop(const Steps& steps) {
+    return Next(steps);
 }
 
 void BinaryOperatorExpression::AddDependencies(Fingerprinter& fingerprinter) {
@@ -204,10 +177,7 @@ void BinaryOperatorExpression::AddDependencies(Fingerprinter& fingerprinter) {
     right_->AddDependencies(fingerprinter);
 }
 
-EvaluationStatus BinaryOperatorExpression::AddFingerprint(Fingerprinter& fingerprinter, EvaluationPath& path) {
-    if (!byParts_) {
-        return Expression::AddFingerprint(fingerprinter, path);
-    }
+EvaluationStatus BinaryOperatorExpression::Replay(Fingerprinter& fingerprinter, EvaluationPath& path) {
     definition_->dependencies(fingerprinter);
     const EvaluationStatus status = left_->AddFingerprint(fingerprinter, path);
     if (status != StatusOk) {
@@ -216,3 +186,7 @@ EvaluationStatus BinaryOperatorExpression::AddFingerprint(Fingerprinter& fingerp
     fingerprinter.AddByte('+');
     return right_->AddFingerprint(fingerprinter, path);
 }
+
+template class SteppedExpression<UnaryExpression>;
+
+template class SteppedExpression<BinaryOperatorExpression>;

@@ -5,22 +5,15 @@
 #ifndef EVALUATOR_OPERATOR_EXPRESSIONS_H
 #define EVALUATOR_OPERATOR_EXPRESSIONS_H
 
-#include "evaluator/expression.h"
+#include "evaluator/stepped_expression.h"
 
-class UnaryExpression : public Expression {
+class UnaryExpression : public SteppedExpression<UnaryExpression> {
 public:
-    EvaluationStatus TryFirst() final;
-    EvaluationStatus TryNext() final;
-    EvaluationStatus TryStop() final;
-    EvaluationStatus TryFirstFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) final;
-    EvaluationStatus TryNextFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) final;
-    EvaluationStatus TryStopFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) final;
     void AddDependencies(Fingerprinter& fingerprinter) final;
-    EvaluationStatus AddFingerprint(Fingerprinter& fingerprinter, EvaluationPath& path) final;
     void Bind(Expression* it, StackAllocatorBase& allocator) final;
 
 protected:
-    explicit UnaryExpression(Expression* operand) : Expression(operand), operand_(operand) {}
+    explicit UnaryExpression(Expression* operand) : SteppedExpression(operand), operand_(operand) {}
 
     // Finds the definition for the bound operand and requires what it requires of it.
     virtual const UnaryAccessor* ResolveOperator() = 0;
@@ -28,10 +21,15 @@ protected:
     Expression* operand_;
 
 private:
+    friend class SteppedExpression<UnaryExpression>;
+
     template <class Steps>
     EvaluationStatus First(const Steps& steps);
     template <class Steps>
     EvaluationStatus Next(const Steps& steps);
+    template <class Steps>
+    EvaluationStatus Stop(const Steps& steps);
+    EvaluationStatus Replay(Fingerprinter& fingerprinter, EvaluationPath& path);
 
     EvaluationStatus FirstSettled();
 
@@ -58,26 +56,24 @@ private:
     UnaryAccessor negation_{};
 };
 
-class BinaryOperatorExpression final : public Expression {
+class BinaryOperatorExpression final : public SteppedExpression<BinaryOperatorExpression> {
 public:
     BinaryOperatorExpression(int code, Expression* left, Expression* right)
-        : Expression(left, right), left_(left), right_(right), code_(code) {}
+        : SteppedExpression(left, right), left_(left), right_(right), code_(code) {}
 
-    EvaluationStatus TryFirst() override;
-    EvaluationStatus TryNext() override;
-    EvaluationStatus TryStop() override;
-    EvaluationStatus TryFirstFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) override;
-    EvaluationStatus TryNextFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) override;
-    EvaluationStatus TryStopFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) override;
     void AddDependencies(Fingerprinter& fingerprinter) override;
-    EvaluationStatus AddFingerprint(Fingerprinter& fingerprinter, EvaluationPath& path) override;
     void Bind(Expression* it, StackAllocatorBase& allocator) override;
 
 private:
+    friend class SteppedExpression<BinaryOperatorExpression>;
+
     template <class Steps>
     EvaluationStatus First(const Steps& steps);
     template <class Steps>
     EvaluationStatus Next(const Steps& steps);
+    template <class Steps>
+    EvaluationStatus Stop(const Steps& steps);
+    EvaluationStatus Replay(Fingerprinter& fingerprinter, EvaluationPath& path);
 
     EvaluationStatus FirstSettled();
 
@@ -88,5 +84,9 @@ private:
     SettledOperand settledLeft_;
     SettledOperand settledRight_;
 };
+
+extern template class SteppedExpression<UnaryExpression>;
+
+extern template class SteppedExpression<BinaryOperatorExpression>;
 
 #endif

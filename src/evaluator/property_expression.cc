@@ -6,7 +6,7 @@
 #include "registry/type_registry.h"
 
 PropertyExpression::PropertyExpression(std::string_view phrase, Expression* index, Expression* object)
-    : Expression(index != nullptr ? index : object), phrase_(phrase), index_(index), object_(object) {}
+    : SteppedExpression(index != nullptr ? index : object), phrase_(phrase), index_(index), object_(object) {}
 
 PropertyExpression::~PropertyExpression() {
     if (state_ != nullptr) {
@@ -241,9 +241,7 @@ EvaluationStatus PropertyExpression::RunStages(const Steps& steps, TentativeValu
 template <class Steps>
 EvaluationStatus PropertyExpression::First(const Steps& steps) {
     slot_.value = nullptr;
-    if constexpr (Steps::kFingerprinting) {
-        steps.AddDependencies(accessor_->dependencies);
-    }
+    steps.AddDependencies(accessor_->dependencies);
     stage_ = accessor_->firstInitial != nullptr ? Stage::FirstInitial : Stage::FirstMiddle;
     TentativeValue driver(Driver());
     return RunStages(steps, driver);
@@ -251,6 +249,9 @@ EvaluationStatus PropertyExpression::First(const Steps& steps) {
 
 template <class Steps>
 EvaluationStatus PropertyExpression::Next(const Steps& steps) {
+    if (!Steps::kFingerprinting && stage_ == Stage::NextMiddle && accessor_->iterated) {
+        return NextIterated();
+    }
     slot_.Clear();
     memory_->ReleaseTo(mark_);
     TentativeValue driver(Driver());
@@ -264,26 +265,6 @@ EvaluationStatus PropertyExpression::Stop(const Steps& steps) {
     return Driver()->Value() != nullptr ? steps.Finish(Driver()) : StatusOk;
 }
 
-EvaluationStatus PropertyExpression::TryFirst() { return First(PlainSteps()); }
-EvaluationStatus PropertyExpression::TryNext() {
-    return stage_ == Stage::NextMiddle && accessor_->iterated ? NextIterated() : Next(PlainSteps());
-}
-EvaluationStatus PropertyExpression::TryStop() { return Stop(PlainSteps()); }
-
-EvaluationStatus PropertyExpression::TryFirstFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) {
-    return byParts_ ? First(FingerprintedSteps{fingerprinter, path})
-                    : Expression::TryFirstFingerprinted(fingerprinter, path);
-}
-
-EvaluationStatus PropertyExpression::TryNextFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) {
-    return byParts_ ? Next(FingerprintedSteps{fingerprinter, path})
-                    : Expression::TryNextFingerprinted(fingerprinter, path);
-}
-
-EvaluationStatus PropertyExpression::TryStopFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) {
-    return byParts_ ? Stop(FingerprintedSteps{fingerprinter, path}) : TryStop();
-}
-
 void PropertyExpression::AddDependencies(Fingerprinter& fingerprinter) {
     if (accessor_->dependencies != nullptr) {
         accessor_->dependencies(fingerprinter);
@@ -291,10 +272,9 @@ void PropertyExpression::AddDependencies(Fingerprinter& fingerprinter) {
     Driver()->AddDependencies(fingerprinter);
 }
 
-EvaluationStatus PropertyExpression::AddFingerprint(Fingerprinter& fingerprinter, EvaluationPath& path) {
-    if (!byParts_) {
-        return Expression::AddFingerprint(fingerprinter, path);
-    }
+EvaluationStatus PropertyExpression::Replay(Fingerprinter& fingerprinter, EvaluationPath& path) {
     accessor_->dependencies(fingerprinter);
     return Driver()->AddFingerprint(fingerprinter, path);
 }
+
+template class SteppedExpression<PropertyExpression>;

@@ -8,26 +8,21 @@
 
 #include <string_view>
 
-#include "evaluator/expression.h"
+#include "evaluator/stepped_expression.h"
 
-class PropertyExpression final : public Expression {
+class PropertyExpression final : public SteppedExpression<PropertyExpression> {
 public:
     // The phrase's bytes must live as long as the node.  One of index and object may be null; where both are given, the
     // index is a ComputedPropertyExpression over the object.
     PropertyExpression(std::string_view phrase, Expression* index, Expression* object);
     ~PropertyExpression() override;
 
-    EvaluationStatus TryFirst() override;
-    EvaluationStatus TryNext() override;
-    EvaluationStatus TryStop() override;
-    EvaluationStatus TryFirstFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) override;
-    EvaluationStatus TryNextFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) override;
-    EvaluationStatus TryStopFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) override;
     void AddDependencies(Fingerprinter& fingerprinter) override;
-    EvaluationStatus AddFingerprint(Fingerprinter& fingerprinter, EvaluationPath& path) override;
     void Bind(Expression* it, StackAllocatorBase& allocator) override;
 
 private:
+    friend class SteppedExpression<PropertyExpression>;
+
     // The stage that the next step runs.
     enum class Stage : unsigned char {
         None,
@@ -49,6 +44,7 @@ private:
     EvaluationStatus Next(const Steps& steps);
     template <class Steps>
     EvaluationStatus Stop(const Steps& steps);
+    EvaluationStatus Replay(Fingerprinter& fingerprinter, EvaluationPath& path);
     template <class Steps>
     EvaluationStatus RunStages(const Steps& steps, TentativeValue& driver);
 
@@ -81,5 +77,7 @@ private:
     char* mark_ = nullptr;  // The memory as it stood before the current value was made.
     Stage stage_ = Stage::None;
 };
+
+extern template class SteppedExpression<PropertyExpression>;
 
 #endif

@@ -96,33 +96,14 @@ EvaluationStatus TupleExpression::Stop(const Steps& steps) {
     return rightStatus != StatusOk ? rightStatus : leftStatus;
 }
 
-EvaluationStatus TupleExpression::TryFirst() { return First(PlainSteps()); }
-EvaluationStatus TupleExpression::TryNext() { return Next(PlainSteps()); }
-EvaluationStatus TupleExpression::TryStop() { return Stop(PlainSteps()); }
-
-EvaluationStatus TupleExpression::TryFirstFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) {
-    return byParts_ ? First(FingerprintedSteps{fingerprinter, path})
-                    : Expression::TryFirstFingerprinted(fingerprinter, path);
-}
-
-EvaluationStatus TupleExpression::TryNextFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) {
-    return byParts_ ? Next(FingerprintedSteps{fingerprinter, path})
-                    : Expression::TryNextFingerprinted(fingerprinter, path);
-}
-
-EvaluationStatus TupleExpression::TryStopFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) {
-    return byParts_ ? Stop(FingerprintedSteps{fingerprinter, path}) : TryStop();
-}
-
 void TupleExpression::AddDependencies(Fingerprinter& fingerprinter) {
     left_->AddDependencies(fingerprinter);
     right_->AddDependencies(fingerprinter);
 }
 
-EvaluationStatus TupleExpression::AddFingerprint(Fingerprinter& fingerprinter, EvaluationPath& path) {
-    if (!byParts_) {
-        return Expression::AddFingerprint(fingerprinter, path);
-    }
+EvaluationStatus TupleExpression::Replay(Fingerprinter& fingerprinter, EvaluationPath& path) {
     const EvaluationStatus status = left_->AddFingerprint(fingerprinter, path);
     return status != StatusOk ? status : right_->AddFingerprint(fingerprinter, path);
 }
+
+template class SteppedExpression<TupleExpression>;

@@ -4,30 +4,26 @@
 #ifndef EVALUATOR_TUPLE_EXPRESSION_H
 #define EVALUATOR_TUPLE_EXPRESSION_H
 
-#include "evaluator/expression.h"
+#include "evaluator/stepped_expression.h"
 #include "registry/core_values.h"
 
-class TupleExpression final : public Expression {
+class TupleExpression final : public SteppedExpression<TupleExpression> {
 public:
-    TupleExpression(Expression* left, Expression* right) : Expression(left, right), left_(left), right_(right) {}
+    TupleExpression(Expression* left, Expression* right) : SteppedExpression(left, right), left_(left), right_(right) {}
 
-    EvaluationStatus TryFirst() override;
-    EvaluationStatus TryNext() override;
-    EvaluationStatus TryStop() override;
-    EvaluationStatus TryFirstFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) override;
-    EvaluationStatus TryNextFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) override;
-    EvaluationStatus TryStopFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) override;
     void AddDependencies(Fingerprinter& fingerprinter) override;
-    EvaluationStatus AddFingerprint(Fingerprinter& fingerprinter, EvaluationPath& path) override;
     void Bind(Expression* it, StackAllocatorBase& allocator) override;
 
 private:
+    friend class SteppedExpression<TupleExpression>;
+
     template <class Steps>
     EvaluationStatus First(const Steps& steps);
     template <class Steps>
     EvaluationStatus Next(const Steps& steps);
     template <class Steps>
     EvaluationStatus Stop(const Steps& steps);
+    EvaluationStatus Replay(Fingerprinter& fingerprinter, EvaluationPath& path);
     template <class Steps>
     EvaluationStatus Pair(const Steps& steps, TentativeValue& left);
     EvaluationStatus PairWithLeaf(EvaluationStatus status, TentativeValue& left);
@@ -38,5 +34,7 @@ private:
         nullptr;  // The right side's value, where that is a leaf: the world at a tuple's end above all.
     TupleNode pair_;
 };
+
+extern template class SteppedExpression<TupleExpression>;
 
 #endif

@@ -84,6 +84,7 @@ EvaluationStatus WhoseExpression::FirstAccepted(const Steps& steps, TentativeVal
 template <class Steps>
 EvaluationStatus WhoseExpression::First(const Steps& steps) {
     slot_.value = nullptr;
+    steps.AddDependenciesOf(condition_);
     TentativeValue filtered(filtered_);
     const EvaluationStatus status = steps.First(filtered);
     return status != StatusOk ? status : FirstAccepted(steps, filtered);
@@ -103,36 +104,14 @@ EvaluationStatus WhoseExpression::Stop(const Steps& steps) {
     return steps.Finish(filtered_);
 }
 
-EvaluationStatus WhoseExpression::TryFirst() { return First(PlainSteps()); }
-EvaluationStatus WhoseExpression::TryNext() { return Next(PlainSteps()); }
-EvaluationStatus WhoseExpression::TryStop() { return Stop(PlainSteps()); }
-
-EvaluationStatus WhoseExpression::TryFirstFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) {
-    if (!byParts_) {
-        return Expression::TryFirstFingerprinted(fingerprinter, path);
-    }
-    condition_->AddDependencies(fingerprinter);
-    return First(FingerprintedSteps{fingerprinter, path});
-}
-
-EvaluationStatus WhoseExpression::TryNextFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) {
-    return byParts_ ? Next(FingerprintedSteps{fingerprinter, path})
-                    : Expression::TryNextFingerprinted(fingerprinter, path);
-}
-
-EvaluationStatus WhoseExpression::TryStopFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) {
-    return byParts_ ? Stop(FingerprintedSteps{fingerprinter, path}) : TryStop();
-}
-
 void WhoseExpression::AddDependencies(Fingerprinter& fingerprinter) {
     condition_->AddDependencies(fingerprinter);
     filtered_->AddDependencies(fingerprinter);
 }
 
-EvaluationStatus WhoseExpression::AddFingerprint(Fingerprinter& fingerprinter, EvaluationPath& path) {
-    if (!byParts_) {
-        return Expression::AddFingerprint(fingerprinter, path);
-    }
+EvaluationStatus WhoseExpression::Replay(Fingerprinter& fingerprinter, EvaluationPath& path) {
     condition_->AddDependencies(fingerprinter);
     return filtered_->AddFingerprint(fingerprinter, path);
 }
+
+template class SteppedExpression<WhoseExpression>;

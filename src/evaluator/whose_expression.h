@@ -6,30 +6,26 @@
 #ifndef EVALUATOR_WHOSE_EXPRESSION_H
 #define EVALUATOR_WHOSE_EXPRESSION_H
 
-#include "evaluator/expression.h"
+#include "evaluator/stepped_expression.h"
 
-class WhoseExpression final : public Expression {
+class WhoseExpression final : public SteppedExpression<WhoseExpression> {
 public:
     WhoseExpression(Expression* filtered, Expression* condition)
-        : Expression(filtered, condition), filtered_(filtered), condition_(condition) {}
+        : SteppedExpression(filtered, condition), filtered_(filtered), condition_(condition) {}
 
-    EvaluationStatus TryFirst() override;
-    EvaluationStatus TryNext() override;
-    EvaluationStatus TryStop() override;
-    EvaluationStatus TryFirstFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) override;
-    EvaluationStatus TryNextFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) override;
-    EvaluationStatus TryStopFingerprinted(Fingerprinter& fingerprinter, EvaluationPath& path) override;
     void AddDependencies(Fingerprinter& fingerprinter) override;
-    EvaluationStatus AddFingerprint(Fingerprinter& fingerprinter, EvaluationPath& path) override;
     void Bind(Expression* it, StackAllocatorBase& allocator) override;
 
 private:
+    friend class SteppedExpression<WhoseExpression>;
+
     template <class Steps>
     EvaluationStatus First(const Steps& steps);
     template <class Steps>
     EvaluationStatus Next(const Steps& steps);
     template <class Steps>
     EvaluationStatus Stop(const Steps& steps);
+    EvaluationStatus Replay(Fingerprinter& fingerprinter, EvaluationPath& path);
     template <class Steps>
     EvaluationStatus FirstAccepted(const Steps& steps, TentativeValue& filtered);
 
@@ -42,5 +38,7 @@ private:
     StackAllocatorBase* memory_ = nullptr;
     SettledOperand settledCondition_;
 };
+
+extern template class SteppedExpression<WhoseExpression>;
 
 #endif
