@@ -8,6 +8,7 @@
 #include "client/storage_path.h"
 #include "console/command_line.h"
 #include "console/eval_context.h"
+#include "console/memory_limit.h"
 #include "console/query_loops.h"
 
 namespace {
@@ -39,6 +40,7 @@ int main(int argc, char** argv) {
         return 1;
     }
     umask(2);
+    LimitMemory();
 
     StoragePath::SetExecutableLocation(FileLocation(ownPath));
     StoragePath::SetStorageLocation(FileLocation("/var/opt/OSLClient"));

@@ -58,16 +58,19 @@ void StackAllocatorBase::PopTo(char* mark) {
 }
 
 void StackAllocatorBase::ReleaseAll() {
+    growing_.end = nullptr;
     while (current_ != &first_) {
         PopBlock();
     }
     PopBlock();
 }
 
-void* InspectorAllocate(size_t size) {
+StackAllocatorBase& InspectorAllocator() {
     StackAllocatorBase* allocator = currentAllocator.Get();
     if (allocator == nullptr) {
         throw NoInspectorAllocator();
     }
-    return allocator->Allocate(size);
+    return *allocator;
 }
+
+void* InspectorAllocate(size_t size) { return InspectorAllocator().Allocate(size); }

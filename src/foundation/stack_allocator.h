@@ -50,11 +50,35 @@ public:
         return address;
     }
 
+    // The same for text that may go on growing at its end.
+    char* AllocateText(size_t size) {
+        char* text = static_cast<char*>(Allocate(size));
+        growing_ = {text + size, top_};
+        return text;
+    }
+
+    // Lengthens by `more` bytes, where it stands, the text that was allocated last by AllocateText and whose bytes end
+    // at `end`.  Returns false, and has changed nothing, for any other text and where the block has no room.  What held
+    // the shorter text still holds it.
+    bool GrowText(const char* end, size_t more) {
+        if (end == nullptr || end != growing_.end || top_ != growing_.top ||
+            static_cast<size_t>(current_->end - growing_.end) < more) {
+            return false;
+        }
+        growing_.end += more;
+        const size_t beyond = growing_.end > top_ ? static_cast<size_t>(growing_.end - top_) : 0;
+        const size_t room = static_cast<size_t>(current_->end - top_);
+        top_ += beyond + 3 < room ? (beyond + 3) & ~size_t{3} : room;
+        growing_.top = top_;
+        return true;
+    }
+
     // The present top, to be kept as a mark.
     char* Top() const { return top_; }
 
     // Frees everything allocated after the mark.
     void ReleaseTo(char* mark) {
+        growing_.end = nullptr;
         if (mark > current_->start && mark <= current_->end) {
             top_ = mark;
         } else {
@@ -64,6 +88,7 @@ public:
 
     // Undoes the last allocation, whose address this is.
     void FreeLast(void* address) {
+        growing_.end = nullptr;
         top_ = static_cast<char*>(address);
         if (top_ == current_->start) {
             PopBlock();
@@ -92,6 +117,13 @@ private:
     Block* current_ = &first_;
     Block* spare_ = nullptr;
     char* top_;
+
+    // The end of the text that may grow, and the top as it stood behind it.  Every rollback forgets it: what is
+    // allocated at the same place afterwards is another's.
+    struct {
+        char* end = nullptr;
+        char* top = nullptr;
+    } growing_;
 };
 
 // A stack allocator with its first block, of `Size` bytes, inside the object.
@@ -106,6 +138,9 @@ private:
 
 // The thread's current allocator, null while no evaluator is at work on it.
 extern ThreadLocalPtr<StackAllocatorBase, DoNotDispose> currentAllocator;
+
+// The thread's current allocator.  Throws NoInspectorAllocator when none is installed.
+StackAllocatorBase& InspectorAllocator();
 
 // Returns memory for a value's content from the thread's current allocator, aligned to 4.
 // Throws NoInspectorAllocator when none is installed, std::bad_alloc when memory is out.

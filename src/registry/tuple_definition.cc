@@ -95,10 +95,7 @@ bool TupleDefinition::GenericCastToString(void* result, const void* operand, con
     if (result == nullptr) {
         return true;
     }
-    StackAllocatorBase* allocator = currentAllocator.Get();
-    if (allocator == nullptr) {
-        throw NoInspectorAllocator();
-    }
+    StackAllocatorBase& allocator = InspectorAllocator();
     const auto* definition = static_cast<const TupleDefinition*>(data);
     size_t elements = 0;
     for (const TupleDefinition* node = definition;; node = node->restType->tuple) {
@@ -108,7 +105,7 @@ bool TupleDefinition::GenericCastToString(void* result, const void* operand, con
         }
     }
     auto* texts = static_cast<inspector_string*>(
-        allocator->Allocate(elements * sizeof(inspector_string), alignof(inspector_string)));
+        allocator.Allocate(elements * sizeof(inspector_string), alignof(inspector_string)));
     size_t total = 0;
     const TupleDefinition* node = definition;
     const auto* value = static_cast<const TupleNode*>(operand);
@@ -121,7 +118,7 @@ bool TupleDefinition::GenericCastToString(void* result, const void* operand, con
         node = node->restType->tuple;
         value = static_cast<const TupleNode*>(value->rest);
     }
-    char* start = static_cast<char*>(allocator->Allocate(total));
+    char* start = static_cast<char*>(allocator.Allocate(total));
     char* out = start;
     for (size_t i = 0; i < elements; ++i) {
         if (i != 0) {

@@ -82,11 +82,19 @@ inspector_string RightTrimmedString(const inspector_string& text) {
 
 inspector_string TrimmedString(const inspector_string& text) { return LeftTrimmedString(RightTrimmedString(text)); }
 
+// In a chain of concatenations the left side is what was made last, and grows where it stands, so that a chain takes
+// the memory of its result and not of all its beginnings.
 inspector_string Concatenated(const inspector_string& a, const inspector_string& b) {
-    char* bytes = static_cast<char*>(InspectorAllocate(a.length + b.length));
+    StackAllocatorBase& memory = InspectorAllocator();
+    const size_t length = a.length + b.length;
+    if (memory.GrowText(a.start + a.length, b.length)) {
+        std::copy_n(b.start, b.length, const_cast<char*>(a.start) + a.length);
+        return {a.start, length};
+    }
+    char* bytes = memory.AllocateText(length);
     std::copy_n(a.start, a.length, bytes);
     std::copy_n(b.start, b.length, bytes + a.length);
-    return {bytes, a.length + b.length};
+    return {bytes, length};
 }
 
 boolean Equal(const inspector_string& a, const inspector_string& b) { return a.View() == b.View(); }

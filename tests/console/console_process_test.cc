@@ -1,5 +1,6 @@
 // The program as its users meet it: a process with arguments, files, a pipe or a terminal.
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 #include <algorithm>
@@ -318,5 +319,28 @@ TEST(ConsoleProcess, EveryMessageThatAQuestionCanBringAbout) {
     EXPECT_EQ(Untimed(RunWith({}, "absolute value of (1;2)\n").output),
               "Q: A: 1\nE: Singular expression refers to non-unique object.\nT: #\n\nQ: \n");
 }
+
+#ifndef __SANITIZE_ADDRESS__  // whose own mappings no limit lets through
+
+TEST(ConsoleProcess, AQuestionThatOutgrowsTheMemoryIsToldSoAndTheNextIsAsked) {
+    const TemporaryPlace place;
+    std::string doubled = "length of ";
+    for (int i = 0; i < 40; ++i) {
+        doubled += "(it & it) of ";
+    }
+    doubled += "\"0123456789\"";
+    place.File("a", "Q: " + doubled + "\nQ: 1 + 1\n");
+    rlimit limit{};
+    ASSERT_EQ(getrlimit(RLIMIT_DATA, &limit), 0);
+    rlimit lowered = limit;
+    lowered.rlim_cur = std::min<rlim_t>(limit.rlim_cur, rlim_t{256} << 20);
+    ASSERT_EQ(setrlimit(RLIMIT_DATA, &lowered), 0);
+    const Ended run = RunWith({place.Path("a")});
+    ASSERT_EQ(setrlimit(RLIMIT_DATA, &limit), 0);
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.output, "Q: " + doubled + "\nE: There's not enough memory.\n\nQ: 1 + 1\nA: 2\n\n");
+}
+
+#endif
 
 }  // namespace

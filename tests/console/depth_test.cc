@@ -68,6 +68,7 @@ TEST_F(Depth, ChainsOfOperators) {
     ExpectAnswerOrLackOfMemory("true" + Times(100 * kThousand, " and true"), "A: True\n");
     ExpectAnswerOrLackOfMemory("false" + Times(100 * kThousand, " or false"), "A: False\n");
     ExpectAnswerOrLackOfMemory("(1/0)" + Times(100 * kThousand, " | (1/0)") + " | 5", "A: 5\n");
+    ExpectAnswerOrLackOfMemory("length of (\"a\"" + Times(100 * kThousand, " & \"b\"") + ")", "A: 100001\n");
     ExpectAnswerOrLackOfMemory(Times(50 * kThousand, "(1 + ") + "1" + Times(50 * kThousand, ")"), "A: 50001\n");
 }
 

@@ -268,3 +268,57 @@ TEST(AllocatorInstaller, AnExceptionPutsTheEarlierOneBack) {
 }
 
 }  // namespace
+
+namespace {
+
+TEST(GrowingText, TheTextMadeLastGrowsWhereItStands) {
+    StackAllocator<256> allocator;
+    char* const text = allocator.AllocateText(5);
+    char* const behind = allocator.Top();
+    EXPECT_EQ(behind, text + 8);
+    ASSERT_TRUE(allocator.GrowText(text + 5, 3)) << "into the rounding";
+    EXPECT_EQ(allocator.Top(), behind);
+    ASSERT_TRUE(allocator.GrowText(text + 8, 1)) << "beyond it";
+    EXPECT_EQ(allocator.Top(), text + 12);
+    ASSERT_TRUE(allocator.GrowText(text + 9, 0));
+    EXPECT_EQ(allocator.Allocate(4), text + 12) << "what comes next lies behind the whole text";
+}
+
+TEST(GrowingText, NoOtherTextGrows) {
+    StackAllocator<256> allocator;
+    char* const text = allocator.AllocateText(6);
+    EXPECT_FALSE(allocator.GrowText(text + 5, 1)) << "a beginning of it, whose next byte is the text's own";
+    EXPECT_FALSE(allocator.GrowText(nullptr, 0));
+    ASSERT_TRUE(allocator.GrowText(text + 6, 1));
+    EXPECT_FALSE(allocator.GrowText(text + 6, 1)) << "it was lengthened already, by another";
+    allocator.Allocate(1);
+    EXPECT_FALSE(allocator.GrowText(text + 7, 1)) << "something lies behind it";
+}
+
+TEST(GrowingText, IsForgottenByEveryRollback) {
+    StackAllocator<256> allocator;
+    char* const mark = allocator.Top();
+    char* text = allocator.AllocateText(6);
+    allocator.ReleaseTo(allocator.Top());
+    EXPECT_FALSE(allocator.GrowText(text + 6, 1));
+    allocator.ReleaseTo(mark);
+    text = allocator.AllocateText(6);
+    allocator.FreeLast(text);
+    allocator.Allocate(8);
+    EXPECT_FALSE(allocator.GrowText(text + 6, 1));
+    text = allocator.AllocateText(6);
+    allocator.ReleaseAll();
+    EXPECT_FALSE(allocator.GrowText(text + 6, 1));
+}
+
+TEST(GrowingText, StaysInsideItsBlock) {
+    StackAllocator<64> allocator;
+    char* const text = allocator.AllocateText(60);
+    EXPECT_FALSE(allocator.GrowText(text + 60, 5));
+    ASSERT_TRUE(allocator.GrowText(text + 60, 4));
+    EXPECT_EQ(allocator.Top(), text + 64);
+    EXPECT_FALSE(allocator.GrowText(text + 64, 1));
+    EXPECT_TRUE(allocator.GrowText(text + 64, 0));
+}
+
+}  // namespace
