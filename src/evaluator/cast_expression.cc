@@ -16,6 +16,21 @@ void ConversionBase::BindCast(StackAllocatorBase& allocator) {
     byParts_ = cast_->dependencies != nullptr && operand_->CanFingerprint();
     completeDependencies_ = cast_->dependencies != nullptr && operand_->HasCompleteDependencies();
     settled_ = operand_->IsSettled() && slot_.destroy == nullptr;
+    settledOperand_.Bind(operand_);
+}
+
+inline EvaluationStatus ConversionBase::FirstSettled() {
+    slot_.value = nullptr;
+    const void* operand = nullptr;
+    const EvaluationStatus status = settledOperand_.Take(operand);
+    if (status != StatusOk) {
+        return status;
+    }
+    if (CallThunk(cast_->thunk, slot_.storage, operand, cast_->data)) {
+        slot_.value = slot_.storage;
+        return StatusOk;
+    }
+    return strict_ ? StatusNotConverted : StatusOk;
 }
 
 // Goes on from the operand's current value to the first that converts.
@@ -40,6 +55,9 @@ EvaluationStatus ConversionBase::FirstConverted(const Steps& steps, TentativeVal
 
 template <class Steps>
 EvaluationStatus ConversionBase::First(const Steps& steps) {
+    if (!Steps::kFingerprinting && settled_) {
+        return FirstSettled();
+    }
     slot_.value = nullptr;
     steps.AddDependencies(cast_->dependencies);
     TentativeValue operand(operand_);

@@ -38,7 +38,10 @@ private:
 
     Expression* operand_;
     std::string_view name_;
+    EvaluationStatus FirstSettled();
+
     const CastDefinition* cast_ = nullptr;
+    SettledOperand settledOperand_;
     bool strict_;
 };
 

@@ -5,6 +5,8 @@
 void ComputedPropertyExpression::Bind(Expression* it, StackAllocatorBase& allocator) {
     source_->Bind(it, allocator);
     computed_->Bind(source_->ItSource(), allocator);
+    settledComputed_.Bind(computed_);
+    computedIsSettled_ = computed_->IsSettled() && !computed_->IsPlural();
     type_ = computed_->Type();
     plural_ = plural_ || computed_->IsPlural() || source_->IsPlural();
     completeDependencies_ = source_->HasCompleteDependencies() && computed_->HasCompleteDependencies();
@@ -74,9 +76,45 @@ EvaluationStatus ComputedPropertyExpression::Stop(const S& sourceSteps, const C&
     return computedStatus != StatusOk ? computedStatus : sourceStatus;
 }
 
-EvaluationStatus ComputedPropertyExpression::TryFirst() { return First(PlainSteps(), PlainSteps()); }
-EvaluationStatus ComputedPropertyExpression::TryNext() { return Next(PlainSteps(), PlainSteps()); }
-EvaluationStatus ComputedPropertyExpression::TryStop() { return Stop(PlainSteps(), PlainSteps()); }
+// A settled computed side is taken as it is for each value that the source comes to.
+inline EvaluationStatus ComputedPropertyExpression::FirstSettled(EvaluationStatus status, TentativeValue& source) {
+    if (status != StatusOk || source_->Value() == nullptr) {
+        return status;
+    }
+    const void* value = nullptr;
+    status = settledComputed_.Take(value);
+    if (status == StatusOk) {
+        slot_.value = const_cast<void*>(value);
+        source.Release();
+    }
+    return status;
+}
+
+EvaluationStatus ComputedPropertyExpression::TryFirst() {
+    if (!computedIsSettled_) {
+        return First(PlainSteps(), PlainSteps());
+    }
+    slot_.value = nullptr;
+    TentativeValue source(source_);
+    return FirstSettled(source.TryFirst(), source);
+}
+
+EvaluationStatus ComputedPropertyExpression::TryNext() {
+    if (!computedIsSettled_) {
+        return Next(PlainSteps(), PlainSteps());
+    }
+    slot_.value = nullptr;
+    TentativeValue source(source_);
+    return FirstSettled(source.TryNext(), source);
+}
+
+EvaluationStatus ComputedPropertyExpression::TryStop() {
+    if (!computedIsSettled_) {
+        return Stop(PlainSteps(), PlainSteps());
+    }
+    slot_.value = nullptr;
+    return PlainSteps::Finish(source_);
+}
 
 // A fixed computed side runs plainly and the source speaks; otherwise the computed side speaks for each value of the
 // source, and the source speaks too where it is the object of a phrase.

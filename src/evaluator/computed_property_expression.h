@@ -32,6 +32,8 @@ private:
     template <class S, class C>
     EvaluationStatus FirstComputed(const S& sourceSteps, const C& computedSteps, TentativeValue& source);
 
+    EvaluationStatus FirstSettled(EvaluationStatus status, TentativeValue& source);
+
     // Calls `run` with the steps that each side takes while a fingerprint is gathered.
     template <class Run>
     EvaluationStatus WithFingerprintedSteps(Fingerprinter& fingerprinter, EvaluationPath& path, Run run);
@@ -41,6 +43,8 @@ private:
 
     Expression* source_;
     Expression* computed_;
+    SettledOperand settledComputed_;
+    bool computedIsSettled_ = false;  // One value for each of the source's, and nothing to stop.
     bool isIndexOfProperty_;
     bool computedIsFixed_ = false;  // The computed side is a pure function of the source's values.
 };
