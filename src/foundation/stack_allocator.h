@@ -60,7 +60,7 @@ public:
     // Lengthens by `more` bytes, where it stands, the text that was allocated last by AllocateText and whose bytes end
     // at `end`.  Returns false, and has changed nothing, for any other text and where the block has no room.  What held
     // the shorter text still holds it.
-    bool GrowText(const char* end, size_t more) {
+    bool GrowText(char* end, size_t more) {
         if (end == nullptr || end != growing_.end || top_ != growing_.top ||
             static_cast<size_t>(current_->end - growing_.end) < more) {
             return false;

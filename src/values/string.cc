@@ -87,8 +87,9 @@ inspector_string TrimmedString(const inspector_string& text) { return LeftTrimme
 inspector_string Concatenated(const inspector_string& a, const inspector_string& b) {
     StackAllocatorBase& memory = InspectorAllocator();
     const size_t length = a.length + b.length;
-    if (memory.GrowText(a.start + a.length, b.length)) {
-        std::copy_n(b.start, b.length, const_cast<char*>(a.start) + a.length);
+    char* const end = const_cast<char*>(a.start) + a.length;
+    if (memory.GrowText(end, b.length)) {
+        std::copy_n(b.start, b.length, end);
         return {a.start, length};
     }
     char* bytes = memory.AllocateText(length);
