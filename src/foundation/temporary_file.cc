@@ -78,13 +78,13 @@ bool TryTemporaryFile(FileLocation& out, const char* prefix) {
 
 FileLocation SiblingTemporary(const FileLocation& location, std::string_view prefix) {
     const FileLocation folder = FileStat(location).IsDirectory() ? location : location.Parent();
-    const FileLocation sibling = UniqueFile(folder, prefix);
+    FileLocation sibling = UniqueFile(folder, prefix);
     ForceNonexistence(sibling);
     return sibling;
 }
 
 FileLocation PrivateFolder(std::string_view name) {
-    const FileLocation all("/var/tmp/OSL/ClientUI");
+    FileLocation all("/var/tmp/OSL/ClientUI");
     if (name.empty()) {
         return all;
     }

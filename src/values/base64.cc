@@ -13,9 +13,9 @@ unsigned char Digit(uint32_t value) { return static_cast<unsigned char>(kAlphabe
 
 // The value of each byte of the alphabet, -1 for any other.
 constexpr auto kValues = [] {
-    std::array<signed char, 256> values{};
+    std::array<short, 256> values{};
     values.fill(-1);
-    for (signed char i = 0; i < 64; ++i) {
+    for (short i = 0; i < 64; ++i) {
         values[static_cast<unsigned char>(kAlphabet[i])] = i;
     }
     return values;
