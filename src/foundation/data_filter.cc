@@ -30,7 +30,15 @@ void DataFilterer::Data(const unsigned char* begin, const unsigned char* end) {
     }
 }
 
+// What the filter held back comes out before the stream ends.
 void DataFilterer::Finish() {
     filter_.Finish();
+    while (!filter_.IsFinished()) {
+        unsigned char block[1024];
+        ConstData nothing;
+        Buffer out(block, block + sizeof block);
+        filter_.Filter(nothing, out);
+        next_.Data(out.begin, out.write);
+    }
     next_.Finish();
 }

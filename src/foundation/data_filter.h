@@ -12,7 +12,8 @@ public:
     // Consumes from `in` and writes to `out`; returns when either is exhausted.
     virtual void Filter(ConstData& in, Buffer& out) = 0;
 
-    // True when the filter has nothing held back.
+    // True when the filter has nothing held back.  What is held back after Finish comes out in further calls of Filter
+    // with no input.
     virtual bool IsFinished() const { return true; }
     virtual void Finish() {}
 

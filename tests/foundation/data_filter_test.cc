@@ -88,4 +88,35 @@ TEST(DataFilterer, CutAtEveryByteTheResultIsTheSame) {
     }
 }
 
+// Holds every byte back until the end.
+class HoldingFilter final : public DataFilter {
+public:
+    void Filter(ConstData& in, Buffer& out) override {
+        held_.append(in.begin, in.end);
+        in.begin = in.end;
+        while (ended_ && !held_.empty() && !out.Full()) {
+            *out.write++ = static_cast<unsigned char>(held_.front());
+            held_.erase(0, 1);
+        }
+    }
+    bool IsFinished() const override { return held_.empty(); }
+    void Finish() override { ended_ = true; }
+
+private:
+    std::string held_;
+    bool ended_ = false;
+};
+
+TEST(DataFilterer, WhatTheFilterHeldBackComesOutBeforeTheEnd) {
+    const std::string text(3000, 'h');
+    HoldingFilter holding;
+    RunRecorder next;
+    DataFilterer filterer(holding, next);
+    filterer.Start();
+    filterer(ConstData(text.data(), text.size()));
+    EXPECT_EQ(next.text, "<");
+    filterer.Finish();
+    EXPECT_EQ(next.text, "<" + text + ">");
+}
+
 }  // namespace
