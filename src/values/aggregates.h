@@ -36,6 +36,19 @@ struct InspectorTypeInfo<with_multiplicity<T>>
     }
 };
 
+// A value that an aggregator keeps while the stream goes on.  The evaluation memory of an element is gone when the next
+// one comes: a type whose values point into it specialises this, so that what is kept owns what it points at, and
+// Value() points at that.
+template <class T>
+class Kept {
+public:
+    explicit Kept(const T& value) : value_(value) {}
+    const T& Value() const { return value_; }
+
+private:
+    T value_;
+};
+
 // The least and the greatest of the values seen; of equal ones the earlier stays.
 template <class T>
 class extremum_aggregator {
@@ -46,30 +59,34 @@ public:
     }
     void Aggregate(Of, const T& value) {
         if (!minimum_) {
-            minimum_ = value;
-            maximum_ = value;
+            minimum_.emplace(value);
+            maximum_.emplace(value);
             return;
         }
-        if (value < *minimum_) {
-            minimum_ = value;
+        if (value < minimum_->Value()) {
+            minimum_.emplace(value);
         }
-        if (*maximum_ < value) {
-            maximum_ = value;
+        if (maximum_->Value() < value) {
+            maximum_.emplace(value);
         }
     }
 
 protected:
-    std::optional<T> minimum_;
-    std::optional<T> maximum_;
+    static std::optional<T> ValueOf(const std::optional<Kept<T>>& kept) {
+        return kept ? std::optional<T>(kept->Value()) : std::nullopt;
+    }
+
+    std::optional<Kept<T>> minimum_;
+    std::optional<Kept<T>> maximum_;
 };
 
 template <class T>
 struct minimum_aggregator : extremum_aggregator<T> {
-    std::optional<T> FirstFinal() { return this->minimum_; }
+    std::optional<T> FirstFinal() { return this->ValueOf(this->minimum_); }
 };
 template <class T>
 struct maximum_aggregator : extremum_aggregator<T> {
-    std::optional<T> FirstFinal() { return this->maximum_; }
+    std::optional<T> FirstFinal() { return this->ValueOf(this->maximum_); }
 };
 template <class T>
 struct extrema_aggregator : extremum_aggregator<T> {
@@ -77,7 +94,7 @@ struct extrema_aggregator : extremum_aggregator<T> {
         if (!this->minimum_) {
             return std::nullopt;
         }
-        return InspectorTuple2<T, T>::Over(*this->minimum_, *this->maximum_);
+        return InspectorTuple2<T, T>::Over(this->minimum_->Value(), this->maximum_->Value());
     }
 };
 
@@ -86,7 +103,13 @@ template <class T>
 class unique_value_aggregator {
 public:
     void Initialize() { counts_.clear(); }
-    void Aggregate(Of, const T& value) { ++counts_.try_emplace(value, 0).first->second; }
+    void Aggregate(Of, const T& value) {
+        auto entry = counts_.lower_bound(value);
+        if (entry == counts_.end() || value < entry->first.Value()) {
+            entry = counts_.emplace_hint(entry, value, 0);
+        }
+        ++entry->second;
+    }
     std::optional<with_multiplicity<T>> FirstFinal() {
         cursor_ = counts_.begin();
         return NextFinal();
@@ -96,11 +119,17 @@ public:
             return std::nullopt;
         }
         const auto entry = cursor_++;
-        return with_multiplicity<T>(entry->first, entry->second);
+        return with_multiplicity<T>(entry->first.Value(), entry->second);
     }
 
 private:
-    using Map = std::map<T, int64_t>;
+    struct Less {
+        using is_transparent = void;
+        bool operator()(const Kept<T>& a, const Kept<T>& b) const { return a.Value() < b.Value(); }
+        bool operator()(const Kept<T>& a, const T& b) const { return a.Value() < b; }
+        bool operator()(const T& a, const Kept<T>& b) const { return a < b.Value(); }
+    };
+    using Map = std::map<Kept<T>, int64_t, Less>;
     Map counts_;
     typename Map::iterator cursor_;
 };
