@@ -7,12 +7,15 @@
 #define EVALUATOR_INSPECTOR_CONTEXT_H
 
 #include <cstdint>
+#include <string>
+#include <string_view>
 
 #include "evaluator/failure.h"
 #include "foundation/thread_local_ptr.h"
 #include "registry/core_values.h"
 
 class FileLocation;
+class InspectorSettingStore;
 
 class InspectorContext {
 public:
@@ -52,11 +55,50 @@ public:
     const FileLocation& (*getLibraryLocation)() = nullptr;
 };
 
-// The digests that inspectors need; each gives its text form in evaluation memory.
+// What became of the last choice of the cryptographic mode, and of the self test that went with it.
+struct CryptoStatus {
+    bool fips = false;
+    std::string text;
+    bool selfTestAttempted = false;
+    bool selfTestPassed = false;
+    std::string selfTestText;
+};
+
+// The digests that inspectors need, each given as its text form in evaluation memory, and the state of the library
+// that makes them.
 class CryptoInspectorContext {
 public:
     virtual ~CryptoInspectorContext() = default;
+    inspector_string (*sha1OfFile)(const FileLocation& location) = nullptr;
     inspector_string (*sha1OfBytes)(const unsigned char* begin, const unsigned char* end) = nullptr;
+    const CryptoStatus& (*status)() = nullptr;
+};
+
+// The libraries of inspectors that the host has, each with a name and a number.
+struct InspectorLibrary {
+    unsigned number;
+    std::string_view name;
+};
+class InspectorLibraryContext {
+public:
+    virtual ~InspectorLibraryContext() = default;
+    const InspectorLibrary* (*findByName)(std::string_view name) = nullptr;
+    const InspectorLibrary* (*findByNumber)(unsigned number) = nullptr;
+};
+
+// What the host knows of its network; false where there is no name.
+class InspectorNetworkContext {
+public:
+    virtual ~InspectorNetworkContext() = default;
+    bool (*dnsDomainName)(std::string& name) = nullptr;
+};
+
+// The settings of the agent, and those of its sites, each site's in the subsection of its name.
+class OSLSettingsContext {
+public:
+    virtual ~OSLSettingsContext() = default;
+    InspectorSettingStore* (*settingStore)() = nullptr;
+    InspectorSettingStore* (*sitesStore)() = nullptr;
 };
 
 // A scope in which a context is the thread's current one.  The interrupter that was found for an earlier context goes
