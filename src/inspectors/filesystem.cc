@@ -2,7 +2,6 @@
 
 #include <sys/stat.h>
 
-#include <cstring>
 #include <new>
 #include <vector>
 
@@ -12,6 +11,7 @@
 #include "inspectors/folder.h"
 #include "inspectors/symbolic_link.h"
 #include "values/integer.h"
+#include "values/string.h"
 
 std::optional<filesystem> filesystem::Holding(std::string_view path) {
     filesystem made(path, FilesystemKind::Unknown);
@@ -79,12 +79,6 @@ std::vector<MountedFilesystem> TableOrNone() {
     }
 }
 
-inspector_string Copied(const std::string& text) {
-    auto* const copy = static_cast<char*>(InspectorAllocate(text.size()));
-    std::memcpy(copy, text.data(), text.size());
-    return {copy, text.size()};
-}
-
 std::optional<inspector_string> Name(const filesystem& f) {
     if (!f.MountName().empty()) {
         return inspector_string(f.MountName());
@@ -95,7 +89,7 @@ std::optional<inspector_string> Name(const filesystem& f) {
     }
     for (const MountedFilesystem& mounted : TableOrNone()) {
         if (filesystem::HasFigures(mounted.kind) && DeviceOf(mounted.path) == device) {
-            return Copied(mounted.path);
+            return CopiedString(mounted.path);
         }
     }
     return std::nullopt;

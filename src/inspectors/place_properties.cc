@@ -3,8 +3,9 @@
 #include <grp.h>
 #include <pwd.h>
 
-#include <cstring>
 #include <string_view>
+
+#include "values/string.h"
 
 inspector_string NameOfPlace(const FileLocation& location) {
     const std::string_view path = location.Text();
@@ -38,13 +39,6 @@ namespace {
 // An entry whose texts do not fit is as good as none.
 constexpr size_t kEntryBytes = 1024;
 
-inspector_string Copied(const char* text) {
-    const size_t length = std::strlen(text);
-    auto* const copy = static_cast<char*>(InspectorAllocate(length));
-    std::memcpy(copy, text, length);
-    return {copy, length};
-}
-
 }  // namespace
 
 std::optional<inspector_string> NameOfUser(uid_t uid) {
@@ -54,7 +48,7 @@ std::optional<inspector_string> NameOfUser(uid_t uid) {
     if (getpwuid_r(uid, &entry, buffer, sizeof buffer, &found) != 0 || found == nullptr) {
         return std::nullopt;
     }
-    return Copied(entry.pw_name);
+    return CopiedString(entry.pw_name);
 }
 
 std::optional<inspector_string> NameOfGroup(gid_t gid) {
@@ -64,5 +58,5 @@ std::optional<inspector_string> NameOfGroup(gid_t gid) {
     if (getgrgid_r(gid, &entry, buffer, sizeof buffer, &found) != 0 || found == nullptr) {
         return std::nullopt;
     }
-    return Copied(entry.gr_name);
+    return CopiedString(entry.gr_name);
 }

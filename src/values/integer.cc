@@ -2,10 +2,10 @@
 
 #include <algorithm>
 #include <charconv>
-#include <cstring>
 
 #include "evaluator/adapters.h"
 #include "values/aggregates.h"
+#include "values/string.h"
 
 std::optional<integer> AbsoluteValue(integer x) { return x < integer(0) ? -x : x; }
 
@@ -63,25 +63,16 @@ std::optional<integer> ParseInteger(std::string_view text) {
     return integer(static_cast<int64_t>(negative ? 0 - value : value));
 }
 
-namespace {
-
-inspector_string Copied(const char* begin, const char* end) {
-    const auto length = static_cast<size_t>(end - begin);
-    char* text = static_cast<char*>(InspectorAllocate(length));
-    std::memcpy(text, begin, length);
-    return {text, length};
-}
-
-}  // namespace
-
 inspector_string IntegerText(int64_t value) {
     char digits[24];
-    return Copied(digits, std::to_chars(digits, digits + sizeof digits, value).ptr);
+    const char* end = std::to_chars(digits, digits + sizeof digits, value).ptr;
+    return CopiedString({digits, static_cast<size_t>(end - digits)});
 }
 
 inspector_string HexadecimalText(uint64_t bits) {
     char digits[16];
-    return Copied(digits, std::to_chars(digits, digits + sizeof digits, bits, 16).ptr);
+    const char* end = std::to_chars(digits, digits + sizeof digits, bits, 16).ptr;
+    return CopiedString({digits, static_cast<size_t>(end - digits)});
 }
 
 namespace {

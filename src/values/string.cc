@@ -26,6 +26,12 @@ inspector_string FilteredString(const inspector_string& text, DataFilter& filter
     return {reinterpret_cast<const char*>(memory), out.Filled().Length()};
 }
 
+inspector_string CopiedString(std::string_view text) {
+    char* const memory = static_cast<char*>(InspectorAllocate(text.size()));
+    text.copy(memory, text.size());
+    return {memory, text.size()};
+}
+
 namespace {
 
 inspector_string Identity(const inspector_string& text) { return text; }

@@ -2,11 +2,16 @@
 #ifndef VALUES_STRING_H
 #define VALUES_STRING_H
 
+#include <string_view>
+
 #include "foundation/data_filter.h"
 #include "registry/core_values.h"
 
 // The text that `filter` makes of `text`, its held-back rest included, in evaluation memory.  `capacity` is the most
 // that it can make.  Throws DataOverflow where that was wrong, NoInspectorAllocator, std::bad_alloc.
 inspector_string FilteredString(const inspector_string& text, DataFilter& filter, size_t capacity);
+
+// A copy of the bytes in evaluation memory.  Throws NoInspectorAllocator, std::bad_alloc.
+inspector_string CopiedString(std::string_view text);
 
 #endif
