@@ -1,0 +1,198 @@
+// Processor records of old and new machines, the names of their families, and their packages.
+#include "inspectors/cpu_info.h"
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include "tests/inspectors/ask.h"
+
+namespace {
+
+constexpr std::string_view kOldIntel =
+    "processor\t: 0\nvendor_id\t: GenuineIntel\ncpu family\t: 6\nmodel\t\t: 8\nmodel name\t: Pentium III (Coppermine)\n"
+    "stepping\t: 10\ncpu MHz\t\t: 1002.275\ncache size\t: 256 KB\nfdiv_bug\t: no\nhlt_bug\t\t: no\nsep_bug\t\t: yes\n"
+    "f00f_bug\t: yes\ncoma_bug\t: no\nfpu\t\t: yes\nfpu_exception\t: yes\ncpuid level\t: 2\nwp\t\t: yes\n"
+    "flags\t\t: fpu vme de pse tsc msr pae mce cx8 sep mtrr pge mca cmov pat pse36 mmx fxsr sse\n"
+    "bogomips\t: 1998.84\n\n";
+
+TEST(CpuInfo, OfAnOldIntelHasEveryField) {
+    const std::vector<CpuRecord> records = ParseCpuInfo(kOldIntel);
+    ASSERT_EQ(records.size(), 1U);
+    const CpuRecord& record = records[0];
+    EXPECT_EQ(record.index, 0);
+    EXPECT_EQ(record.mhz, 1002.275);
+    EXPECT_EQ(record.bogomips, 1998.84);
+    EXPECT_EQ(record.family, 6);
+    EXPECT_EQ(record.model, 8);
+    EXPECT_EQ(record.stepping, 10);
+    EXPECT_EQ(record.cpuidLevel, 2);
+    EXPECT_EQ(record.fdivBug, false);
+    EXPECT_EQ(record.hltBug, false);
+    EXPECT_EQ(record.sepBug, true);
+    EXPECT_EQ(record.f00fBug, true);
+    EXPECT_EQ(record.comaBug, false);
+    EXPECT_EQ(record.fpu, true);
+    EXPECT_EQ(record.fpuException, true);
+    EXPECT_EQ(record.wp, true);
+    EXPECT_EQ(record.vendorId, "GenuineIntel");
+    EXPECT_EQ(record.modelName, "Pentium III (Coppermine)");
+    EXPECT_EQ(record.flagList, "fpu vme de pse tsc msr pae mce cx8 sep mtrr pge mca cmov pat pse36 mmx fxsr sse");
+    EXPECT_EQ(record.physicalId, std::nullopt);
+    EXPECT_EQ(record.siblings, std::nullopt);
+    EXPECT_EQ(record.cpuCores, std::nullopt);
+    EXPECT_EQ(FamilyName(record), "Pentium III");
+}
+
+TEST(CpuInfo, HasARecordForEachProcessorLine) {
+    const auto records = ParseCpuInfo("Processor: 0\nMODEL: 1\nprocessor : 1\nmodel : 2\n");
+    ASSERT_EQ(records.size(), 2U);
+    EXPECT_EQ(records[0].model, 1);
+    EXPECT_EQ(records[1].index, 1);
+    EXPECT_EQ(records[1].model, 2);
+}
+
+TEST(CpuInfo, WithoutKnownKeysHasNoRecords) {
+    EXPECT_TRUE(ParseCpuInfo("").empty());
+    EXPECT_TRUE(ParseCpuInfo("Hardware : board\nSerial : 0\n").empty());
+    EXPECT_TRUE(ParseCpuInfo("model : 5\nbogomips : 3\n").empty());
+    EXPECT_TRUE(ParseCpuInfo(std::string(100000, '\n')).empty());
+}
+
+TEST(CpuInfo, TellsPrefixesApart) {
+    const auto records = ParseCpuInfo("processor: 0\nfpu_exception : yes\n");
+    EXPECT_EQ(records[0].fpuException, true);
+    EXPECT_EQ(records[0].fpu, std::nullopt);
+    const auto named = ParseCpuInfo("processor: 0\nmodel name : x\n");
+    EXPECT_EQ(named[0].modelName, "x");
+    EXPECT_EQ(named[0].model, std::nullopt);
+    EXPECT_EQ(ParseCpuInfo("processor: 0\nwpxyz : yes\n")[0].wp, true);
+}
+
+TEST(CpuInfo, TakesTextsBehindTheColonAndOneByte) {
+    EXPECT_EQ(ParseCpuInfo("processor: 0\nvendor:xabc\n")[0].vendorId, "abc");
+    EXPECT_EQ(ParseCpuInfo("processor: 0\nvendor_id\t: \t  a b \r\n")[0].vendorId, "a b ");
+    EXPECT_EQ(ParseCpuInfo("processor: 0\nvendor:")[0].vendorId, "");
+    EXPECT_EQ(ParseCpuInfo("processor: 0\nvendor")[0].vendorId, std::nullopt);
+    EXPECT_EQ(ParseCpuInfo("processor: 0\nmodel : junk")[0].model, 0);
+}
+
+TEST(CpuInfo, IsReadInPiecesOf255Bytes) {
+    // The rest of a line that is too long is looked at like a line of its own.
+    const std::string flags = "flags : " + std::string(255 - 8, 'a');
+    const auto records = ParseCpuInfo("processor: 0\n" + flags + "wp yes\nmodel : 3\n");
+    ASSERT_EQ(records.size(), 1U);
+    EXPECT_EQ(records[0].flagList, std::string(255 - 8, 'a'));
+    EXPECT_EQ(records[0].wp, true);
+    EXPECT_EQ(records[0].model, 3);
+}
+
+CpuRecord Of(std::string_view vendor, int64_t family, int64_t model, std::string_view name) {
+    CpuRecord record;
+    record.vendorId = vendor;
+    record.family = family;
+    record.model = model;
+    record.modelName = name;
+    return record;
+}
+
+TEST(ModelName, LosesItsMarks) {
+    EXPECT_EQ(ShortenedModelName("GenuineIntel", "Intel(R) Core(TM)2 Duo CPU     E8400  @ 3.00GHz"),
+              "Core2 Duo     E8400  @ 3.00GHz");
+    EXPECT_EQ(ShortenedModelName("GenuineIntel", "Intel Xeon(tm) CPU(r) x"), "Xeon x");
+    EXPECT_EQ(ShortenedModelName("AuthenticAMD", "AMD Athlon(tm) 64 Processor 3000+"), "Athlon 64 3000+");
+    EXPECT_EQ(ShortenedModelName("CyrixInstead", "AMD Intel CPU"), "AMD Intel CPU");
+}
+
+struct FamilyRow {
+    const char* vendor;
+    int64_t family;
+    int64_t model;
+    const char* name;
+    const char* expected;
+};
+
+constexpr FamilyRow kFamilies[] = {
+    {"GenuineIntel", 0, 0, "", "8086"},
+    {"GenuineIntel", 2, 0, "", "80286"},
+    {"GenuineIntel", 3, 0, "", "80386"},
+    {"GenuineIntel", 4, 8, "486 DX/4", "80486"},
+    {"CyrixInstead", 5, 4, "Cyrix MediaGXtm MMXtm Enhanced", "MediaGX"},
+    {"GenuineIntel", 5, 2, "Pentium 75 - 200", "Pentium"},
+    {"GenuineIntel", 6, 1, "Pentium Pro", "Pentium Pro"},
+    {"GenuineIntel", 6, 3, "Pentium II (Klamath)", "Pentium II"},
+    {"GenuineIntel", 6, 5, "Pentium II Xeon", "Pentium II Xeon"},
+    {"GenuineIntel", 6, 6, "Celeron (Mendocino)", "Celeron"},
+    {"GenuineIntel", 6, 7, "Pentium III (Katmai)", "Pentium III"},
+    {"GenuineIntel", 6, 10, "Pentium III Xeon", "Pentium III Xeon"},
+    {"GenuineIntel", 6, 11, "Pentium III Extreme", "Pentium III Extreme"},
+    {"GenuineIntel", 15, 2, "Intel(R) Pentium(R) 4 CPU 2.80GHz", "Pentium 4"},
+    {"GenuineIntel", 15, 6, "Intel(R) Pentium(R) D CPU 3.00GHz", "Pentium D"},
+    {"GenuineIntel", 6, 13, "Intel(R) Pentium(R) M processor 1.73GHz", "Pentium M"},
+    {"GenuineIntel", 15, 1, "Intel(R) Celeron(R) CPU 1.70GHz", "Celeron"},
+    {"GenuineIntel", 15, 4, "Intel(R) Celeron(R) D CPU 3.06GHz", "Celeron D"},
+    {"GenuineIntel", 6, 9, "Intel(R) Celeron(R) M processor", "Celeron M"},
+    {"GenuineIntel", 15, 4, "Intel(R) Xeon(TM) CPU 3.00GHz", "Xeon"},
+    {"GenuineIntel", 6, 45, "Intel(R) Xeon(R) CPU E5-2670 0 @ 2.60GHz", "Xeon"},
+    {"GenuineIntel", 7, 0, "Itanium", "Itanium"},
+    {"GenuineIntel", 31, 0, "Madison", "Itanium 2"},
+    {"GenuineIntel", 6, 14, "Genuine Intel(R) CPU T2400 @ 1.83GHz", "Core"},
+    {"GenuineIntel", 6, 158, "Intel(R) Core(TM) i7-8700 CPU @ 3.20GHz", "Core"},
+    {"GenuineIntel", 6, 15, "Intel(R) Core(TM)2 CPU 6600 @ 2.40GHz", "Core 2"},
+    {"GenuineIntel", 6, 22, "Intel(R) Core(TM)2 Solo CPU U2100", "Core 2 Solo"},
+    {"GenuineIntel", 6, 23, "Intel(R) Core(TM)2 Duo CPU E8400 @ 3.00GHz", "Core 2 Duo"},
+    {"GenuineIntel", 6, 15, "Intel(R) Core(TM)2 Quad CPU Q6600 @ 2.40GHz", "Core 2 Quad"},
+    {"GenuineIntel", 6, 15, "Intel(R) Core(TM)2 Extreme CPU X6800", "Core 2 Extreme"},
+    {"GenuineIntel", 6, 21, "Intel(R) EP80579 Integrated Processor", "Intel EP80579"},
+    {"AuthenticAMD", 6, 3, "AMD Duron(tm) Processor", "Duron"},
+    {"AuthenticAMD", 15, 31, "AMD Athlon(tm) 64 Processor 3000+", "Athlon"},
+    {"AuthenticAMD", 6, 4, "", "Athlon"},
+    {"AuthenticAMD", 25, 17, "AMD EPYC", "Unknown"},
+    {"CentaurHauls", 6, 7, "VIA Samuel 2", "Unknown"},
+    {"Other", 6, 15, "Intel(R) Core(TM)2 Duo", "Unknown"},
+};
+
+TEST(FamilyName, ComesFromNumbersAndWords) {
+    for (const FamilyRow& row : kFamilies) {
+        EXPECT_EQ(FamilyName(Of(row.vendor, row.family, row.model, row.name)), row.expected) << row.name;
+    }
+    EXPECT_EQ(FamilyName(CpuRecord()), "Unknown");
+}
+
+TEST(CpuPackages, AreCountedByTheirPhysicalIds) {
+    const auto records = ParseCpuInfo(
+        "processor: 0\nphysical id: 0\nsiblings: 4\ncpu cores: 2\nflags : fpu ht sse\n"
+        "processor: 1\nphysical id: 1\nsiblings: 4\ncpu cores: 2\nflags : fpu ht sse\n"
+        "processor: 2\nphysical id: 0\nsiblings: 4\ncpu cores: 2\nflags : fpu ht sse\n");
+    const CpuPackages sum = CountPackages(records);
+    EXPECT_EQ(sum.packages, 2);
+    EXPECT_EQ(sum.cores, 4);
+    EXPECT_EQ(sum.threads, 8);
+    EXPECT_TRUE(sum.smtCapable);
+    EXPECT_TRUE(sum.smtEnabled);
+}
+
+TEST(CpuPackages, WithoutTheirKeysAreOneCoreAndOneThreadEach) {
+    const CpuPackages sum = CountPackages(ParseCpuInfo("processor: 0\nflags : height\nprocessor: 1\n"));
+    EXPECT_EQ(sum.packages, 2);
+    EXPECT_EQ(sum.cores, 2);
+    EXPECT_EQ(sum.threads, 2);
+    EXPECT_FALSE(sum.smtCapable);
+    EXPECT_FALSE(sum.smtEnabled);
+}
+
+TEST(Processors, OfThisMachineAnswer) {
+    EXPECT_EQ(Ask("number of processors"), Values({std::to_string(sysconf(_SC_NPROCESSORS_ONLN))}));
+    EXPECT_EQ(Ask("indexes of processors"),
+              Ask("index of main processor; indexes of processors whose (index of it > 0)"));
+    EXPECT_EQ(Ask("exists processor 0"), Values({"True"}));
+    EXPECT_EQ(Ask("exists processor 1000000"), Values({"False"}));
+    EXPECT_EQ(Ask("exists processor (-1)"), Values({"False"}));
+    const std::vector<CpuRecord> records = ReadCpuInfo();
+    if (!records.empty() && records[0].modelName) {
+        EXPECT_EQ(Ask("(model name of it; brand string of it) of main processor"),
+                  Values({*records[0].modelName, *records[0].modelName}));
+    }
+    EXPECT_EQ(Ask("count of cpupackage"), Values({std::to_string(CountPackages(records).packages)}));
+}
+
+}  // namespace

@@ -1,0 +1,83 @@
+// Memory and swap of old and new kernels, and the state of the power adapter.
+#include "inspectors/mem_info.h"
+
+#include <gtest/gtest.h>
+
+#include "inspectors/power_level.h"
+#include "tests/inspectors/ask.h"
+
+namespace {
+
+constexpr std::string_view kOld =
+    "        total:    used:    free:  shared: buffers:  cached:\n"
+    "Mem:  527630336 515846144 11784192 1024 130527232 190246912\n"
+    "Swap: 1077501952 40960 1077460992\n"
+    "MemTotal:       515264 kB\nMemFree:         1 kB\n";
+
+constexpr std::string_view kNew =
+    "MemTotal:       24684092 kB\nMemFree:        23388252 kB\nMemAvailable:   23706032 kB\n"
+    "Buffers:            4100 kB\nCached:           479636 kB\nSwapCached:            7 kB\n"
+    "SwapTotal:          2000 kB\nSwapFree:           1500 kB\nCached: 1 kB\n";
+
+TEST(Ram, OfAnOldKernelIsOnTheSummaryLine) {
+    const ram_info ram = ParseRam(kOld);
+    EXPECT_EQ(ram.total, 527630336U);
+    EXPECT_EQ(ram.free, 11784192U);
+    EXPECT_EQ(ram.shared, 1024U);
+    EXPECT_EQ(ram.buffered, 130527232U);
+    EXPECT_EQ(ram.cached, 190246912U);
+}
+
+TEST(Ram, OfANewKernelIsOnKeyLines) {
+    const ram_info ram = ParseRam(kNew);
+    EXPECT_EQ(ram.total, 24684092U * uint64_t{1024});
+    EXPECT_EQ(ram.free, 23388252U * uint64_t{1024});
+    EXPECT_EQ(ram.shared, std::nullopt);
+    EXPECT_EQ(ram.buffered, 4100U * 1024);
+    EXPECT_EQ(ram.cached, 479636U * 1024);
+}
+
+TEST(Ram, TakesAnyCaseAndSkipsToTheFirstDigit) {
+    EXPECT_EQ(ParseRam("MEMTOTAL: about x 12 kB").total, 12U * 1024);
+    EXPECT_EQ(ParseRam("memtotal:\nMemTotal: 3").total, 3U * 1024);
+    EXPECT_EQ(ParseRam(" MemTotal: 3").total, std::nullopt);
+    EXPECT_EQ(ParseRam("mem: 1 2").free, std::nullopt);
+    EXPECT_EQ(ParseRam("").total, std::nullopt);
+}
+
+TEST(Swap, IsOnEitherKindOfLine) {
+    const swap_info old = ParseSwap(kOld);
+    EXPECT_EQ(old.total, 1077501952U);
+    EXPECT_EQ(old.free, 1077460992U);
+    EXPECT_EQ(old.used, 40960U);
+    const swap_info present = ParseSwap(kNew);
+    EXPECT_EQ(present.total, 2000U * 1024);
+    EXPECT_EQ(present.free, 1500U * 1024);
+    EXPECT_EQ(present.used, 500U * 1024);
+    EXPECT_EQ(ParseSwap("SwapTotal: 5 kB\n").used, std::nullopt);
+    EXPECT_EQ(ParseSwap("").total, std::nullopt);
+}
+
+TEST(Ram, AnswersWithTheKernelsFigures) {
+    const ram_info ram = ParseRam(ReadMemInfo());
+    ASSERT_TRUE(ram.total.has_value());
+    const std::string total = std::to_string(*ram.total);
+    EXPECT_EQ(Ask("size of ram"), Values({total}));
+    EXPECT_EQ(Ask("total amount of random access memory"), Values({total}));
+    EXPECT_EQ(Ask("(used amount of it + free amount of it) of ram"), Values({total}));
+    EXPECT_EQ(Ask("(available amount of it + unavailable amount of it) of ram"), Values({total}));
+    EXPECT_EQ(Ask("(free amount of it + buffered amount of it + cached amount of it - available amount of it) of ram"),
+              Values({"0"}));
+    EXPECT_EQ(Ask("exists shared amount of ram"), Values({ram.shared ? "True" : "False"}));
+    EXPECT_EQ(Ask("(total amount of it - free amount of it - used amount of it) of swap"), Values({"0"}));
+}
+
+TEST(PowerState, StandsBehindItsKey) {
+    EXPECT_EQ(ParsePowerState("state:                   on-line\n"), "on-line");
+    EXPECT_EQ(ParsePowerState("name: x\nstate:\toff line \r\nmore\n"), "off line");
+    EXPECT_EQ(ParsePowerState("state: "), std::nullopt);
+    EXPECT_EQ(ParsePowerState("on-line\n"), std::nullopt);
+    EXPECT_EQ(ParsePowerState(""), std::nullopt);
+}
+
+}  // namespace
