@@ -10,6 +10,10 @@ public:
     // A length of any days since midnight.
     explicit constexpr time_of_day(time_interval sinceMidnight) : sinceMidnight_(sinceMidnight.BesideDays()) {}
 
+    static constexpr time_of_day OfSeconds(int64_t seconds) {
+        return time_of_day(time_interval(seconds * Calendar::kMicrosecondsOfASecond));
+    }
+
     constexpr time_interval SinceMidnight() const { return sinceMidnight_; }
     constexpr int Hour() const { return Seconds() / 3600; }
     constexpr int Minute() const { return Seconds() / 60 % 60; }

@@ -12,6 +12,10 @@ public:
     constexpr time_of_day Time() const { return time_; }
     constexpr time_zone Zone() const { return zone_; }
 
+    constexpr int Hour() const { return time_.Hour(); }
+    constexpr int Minute() const { return time_.Minute(); }
+    constexpr int Second() const { return time_.Second(); }
+
     // By the time and then the zone: the order of unique values, which the language does not have.
     friend constexpr bool operator==(zoned_time_of_day, zoned_time_of_day) = default;
     friend constexpr auto operator<=>(zoned_time_of_day, zoned_time_of_day) = default;
