@@ -3,9 +3,11 @@
 #
 #   run.sh <console> [transcript ...]      all transcripts when none is named
 #
+# All run five hours west of Greenwich, so that local times are the same on every machine and are not universal ones.
 # A transcript named *-types.zendry is run with the answers' types.  Prints the difference of each that fails and a
 # count; exits with 1 when any fails and with 2 when there is nothing to run.
 set -u
+export TZ=EST5
 
 if [ $# -lt 1 ] || [ ! -x "$1" ]; then
     echo "usage: run.sh <console> [transcript ...]" >&2
