@@ -1,0 +1,131 @@
+// The operating system: what the kernel says of itself, and which distribution it serves.
+#include <sys/utsname.h>
+
+#include <optional>
+#include <string>
+
+#include "evaluator/adapters.h"
+#include "inspectors/distribution.h"
+#include "inspectors/utmp_records.h"
+#include "registry/dependency_node.h"
+#include "values/moment.h"
+#include "values/string.h"
+#include "values/version.h"
+
+struct operating_system {
+    std::string name;
+    std::string release;
+    std::string build;
+    std::string version;
+    std::string architecture;
+    std::string machine;
+    std::string codename;
+};
+
+template <>
+struct InspectorTypeInfo<operating_system> : InspectorTypeBasics<operating_system> {
+    static constexpr char Name[] = "operating system";
+    static constexpr unsigned Size = sizeof(operating_system);
+
+    static void Fingerprint(Fingerprinter& fingerprinter, const void* value) {
+        const auto& system = *static_cast<const operating_system*>(value);
+        for (const std::string* text : {&system.name, &system.release, &system.build, &system.version,
+                                        &system.architecture, &system.machine, &system.codename}) {
+            const size_t length = text->size();
+            fingerprinter.AddData(ConstData(&length, sizeof length));
+            fingerprinter.AddData(ConstData(*text));
+        }
+    }
+};
+
+namespace {
+
+// Probed at the first question and true for the life of the process.
+const Distribution& ThisDistribution() {
+    static const Distribution distribution = ProbeDistribution(ReadReleaseFile);
+    return distribution;
+}
+
+std::optional<operating_system> OperatingSystem() {
+    struct utsname kernel {};
+    if (uname(&kernel) != 0) {
+        return std::nullopt;
+    }
+    const Distribution& found = ThisDistribution();
+    operating_system system;
+    system.name = found.name.empty() ? kernel.sysname : found.name;
+    system.release = kernel.release;
+    system.build = kernel.version;
+    system.version = found.version;
+    system.architecture = kernel.machine;
+    system.machine = kernel.machine;
+    system.codename = found.codename;
+    return system;
+}
+
+// What is fingerprinted is the system as it was first seen.
+void AddStableOSProperties(Fingerprinter& fingerprinter) {
+    static const std::optional<operating_system> first = OperatingSystem();
+    if (first) {
+        InspectorTypeInfo<operating_system>::Fingerprint(fingerprinter, &*first);
+    }
+}
+
+DependencyNode StableOSProperties("StableOSProperties", AddStableOSProperties);
+
+template <auto Field>
+inspector_string Text(const operating_system& system) {
+    return CopiedString(system.*Field);
+}
+
+std::optional<inspector_string> Codename(const operating_system& system) {
+    return system.codename.empty() ? std::nullopt : std::optional<inspector_string>(CopiedString(system.codename));
+}
+
+std::optional<inspector_version> Version(const operating_system& system) {
+    return system.version.empty() ? std::nullopt : std::optional<inspector_version>(inspector_string(system.version));
+}
+
+template <bool Answer>
+boolean Is(const operating_system&) {
+    return Answer;
+}
+
+moment BootMoment() {
+    constexpr int64_t kMicroseconds = 1000000;
+    const int64_t now = Now().Microseconds() / kMicroseconds;
+    return moment(BootSeconds(ReadUtmp(), now) * kMicroseconds);
+}
+
+std::optional<moment> BootTime(const operating_system&) { return BootMoment(); }
+
+std::optional<time_interval> Uptime(const operating_system&) { return Now() - BootMoment(); }
+
+inspector_string AsString(const operating_system& system) {
+    return CopiedString(system.name + " (" + system.release + ")");
+}
+
+template <auto Field>
+using TextOf = Property<operating_system, inspector_string, Text<Field>>;
+
+// clang-format off
+Type<operating_system>                                              type;
+
+GlobalProperty<operating_system, OperatingSystem>                   system        {"operating system", "operating systems", DependsOn<StableOSProperties>};
+TextOf<&operating_system::name>                                     name          {"name", "names"};
+TextOf<&operating_system::release>                                  release       {"release", "releases"};
+TextOf<&operating_system::build>                                    build         {"build", "builds"};
+TextOf<&operating_system::architecture>                             architecture  {"architecture", "architectures"};
+TextOf<&operating_system::machine>                                  machine       {"machine", "machines"};
+Property<operating_system, inspector_string, Codename>              codename      {"codename", "codenames"};
+Property<operating_system, inspector_version, Version>              version       {"version", "versions"};
+Property<operating_system, boolean, Is<false>>                      windows       {"windows", "windowses"};
+Property<operating_system, boolean, Is<true>>                       isUnix        {"unix", "unixes"};
+Property<operating_system, boolean, Is<false>>                      mac           {"mac", "macs"};
+Property<operating_system, moment, BootTime>                        bootTime      {"boot time", "boot times", ByValueOnly};
+Property<operating_system, time_interval, Uptime>                   uptime        {"uptime", "uptimes", ByValueOnly};
+
+Cast<inspector_string, operating_system, AsString>                  toString      {"string"};
+// clang-format on
+
+}  // namespace
