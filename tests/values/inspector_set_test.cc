@@ -224,6 +224,13 @@ std::vector<std::string> AllValues(GuardEvaluator& evaluator) {
     return values;
 }
 
+TEST(IntegerSet, HoldsAsManyAsThereAre) {
+    GuardEvaluator evaluator(nullptr);
+    evaluator.Feed("(size of set of (it * 2; 7) of integers in (100000, 1) as string)");
+    evaluator.EndOfText();
+    EXPECT_EQ(AllValues(evaluator), std::vector<std::string>{"100001"});
+}
+
 // The memory of each text is rolled back before the next is made, and the whole is asked again over the same storage.
 TEST(StringSet, HoldsTextsAcrossTheirStreamAndAcrossEvaluations) {
     GuardEvaluator evaluator(nullptr);

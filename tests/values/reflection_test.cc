@@ -119,20 +119,18 @@ TEST(Reflection, ATuplesTypeIsTheOneThatQuestionsMeet) {
 
 // A name that is read level by level is not read without end, and no name that is none leaves anything behind.
 TEST(Reflection, NamesOfTypesMayBeAnyText) {
-    const auto nested = [](size_t depth) {
-        std::string name;
-        for (size_t i = 0; i < depth; ++i) {
-            name += "( ";
-        }
-        name += "integer";
-        for (size_t i = 0; i < depth; ++i) {
-            name += " )";
-        }
-        return name;
+    // Longer than a text may be written.
+    const auto nested = [](int depth) {
+        const std::string depths = " of integers in (1, " + std::to_string(depth) + "))";
+        return "(concatenation of (\"( \"" + depths + " & \"integer\" & concatenation of (\" )\"" + depths + ")";
     };
-    EXPECT_EQ(Asked("name of type \"" + nested(3) + "\""), Texts{nested(3)});
-    EXPECT_EQ(Asked("exists type \"" + nested(200) + "\""), Texts{"True"});
-    EXPECT_EQ(Asked("exists type \"" + nested(201) + "\""), Texts{"False"});
+    EXPECT_EQ(Asked("type " + nested(3)), Texts{"( ( ( integer ) ) )"});
+    EXPECT_EQ(Asked("exists type " + nested(200)), Texts{"True"});
+    EXPECT_EQ(Asked("exists type " + nested(201)), Texts{"False"});
+    EXPECT_EQ(Asked("exists type " + nested(300000)), Texts{"False"});
+    EXPECT_EQ(Asked("size of type (\"( \" & concatenation \", \" of (\"integer\" of integers in (1, 1000)) & \" )\") = "
+                    "1000 * size of type \"( integer )\""),
+              Texts{"True"});
     for (const char* name : {"(",
                              ")",
                              "( ",
