@@ -200,6 +200,7 @@ void TypeRegistry::BuildCasts() {
 }
 
 void TypeRegistry::BuildUnaryOperators() {
+    unaryTable_.clear();
     ForEach<UnaryOperatorRegistration>([this](UnaryAccessor& accessor) {
         accessor.operandType = ResolvedType(accessor.operandTypeName);
         accessor.resultType = ResolvedType(accessor.resultTypeName);
@@ -207,6 +208,7 @@ void TypeRegistry::BuildUnaryOperators() {
             const UnaryAccessor*& slot = Writable(accessor.operandType).unaryOperators[accessor.code];
             if (slot == nullptr) {
                 slot = &accessor;
+                unaryTable_.push_back(&accessor);
             }
         }
     });

@@ -78,6 +78,7 @@ public:
     const std::vector<PropertyAssociation>& Properties() const { return propertyTable_; }
     const std::vector<const CastDefinition*>& Casts() const { return castTable_; }
     const std::vector<GuardType*>& Types() const { return typeTable_; }
+    const std::vector<const UnaryAccessor*>& UnaryOperators() const { return unaryTable_; }
     const std::vector<const BinaryAccessor*>& BinaryOperators() const { return binaryTable_; }
 
     // The blacklist key of an entry; of a property by its singular or its plural name.
@@ -105,6 +106,7 @@ private:
     std::vector<PropertyAssociation> propertyTable_;
     std::vector<PropertyAssociation> propertiesByIndex_;
     std::vector<const CastDefinition*> castTable_;
+    std::vector<const UnaryAccessor*> unaryTable_;
     std::vector<const BinaryAccessor*> binaryTable_;
     std::vector<GuardType*> typeTable_;
 
