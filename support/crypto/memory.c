@@ -1,4 +1,5 @@
 /* Memory and texts.  The functions that allocate take no file and line here, as they did not of old. */
+#include <stdatomic.h>
 #include <stdlib.h>
 
 #include "openssl_1_0.h"
@@ -10,6 +11,9 @@ OPENSSL_3(CRYPTO_malloc);
 OPENSSL_3(CRYPTO_realloc);
 OPENSSL_3(CRYPTO_set_mem_functions);
 
+/* OpenSSL 3 notes its first allocation only while it allocates by itself. */
+static atomic_bool hasAllocated;
+
 static void* (*allocateMemory)(size_t) = malloc;
 static void* (*reallocateMemory)(void*, size_t) = realloc;
 static void (*releaseMemory)(void*) = free;
@@ -17,11 +21,13 @@ static void (*releaseMemory)(void*) = free;
 static void* Allocate(size_t size, const char* file, int line) {
     (void)file;
     (void)line;
+    hasAllocated = 1;
     return allocateMemory(size);
 }
 static void* Reallocate(void* memory, size_t size, const char* file, int line) {
     (void)file;
     (void)line;
+    hasAllocated = 1;
     return reallocateMemory(memory, size);
 }
 static void Release(void* memory, const char* file, int line) {
@@ -48,7 +54,7 @@ int CRYPTO_set_mem_functions(void* (*allocate)(size_t), void* (*reallocate)(void
         release == releaseMemory) {
         return 1;
     }
-    if (!OpenSSL3_CRYPTO_set_mem_functions(Allocate, Reallocate, Release)) {
+    if (hasAllocated || !OpenSSL3_CRYPTO_set_mem_functions(Allocate, Reallocate, Release)) {
         return 0;
     }
     allocateMemory = allocate;
