@@ -4,6 +4,18 @@
 #include "registry/core_values.h"
 #include "registry/tuple_definition.h"
 
+namespace {
+
+// The tuple type that a type is or derives from; null for a type that has no elements.
+const TupleDefinition* TupleOf(const GuardType* type) {
+    while (type != nullptr && type->tuple == nullptr) {
+        type = type->parent;
+    }
+    return type == nullptr ? nullptr : type->tuple;
+}
+
+}  // namespace
+
 void ItemOfExpression::Bind(Expression* it, StackAllocatorBase& allocator) {
     index_->Bind(it, allocator);
     tuple_->Bind(it, allocator);
@@ -15,9 +27,9 @@ void ItemOfExpression::Bind(Expression* it, StackAllocatorBase& allocator) {
     if (literal_ >> 32 != 0) {
         throw TupleIndexOutOfRange(literal_);
     }
-    const TupleDefinition* definition = tuple_->Type()->tuple;
+    const TupleDefinition* definition = TupleOf(tuple_->Type());
     for (int64_t i = 0; i < literal_ && definition != nullptr; ++i) {
-        definition = definition->restType->tuple;
+        definition = TupleOf(definition->restType);
     }
     if (definition == nullptr) {
         throw TupleIndexOutOfRange(literal_);

@@ -20,7 +20,7 @@ bool FloatingPointNumeralLexeme::TakeByte(unsigned char byte) {
     const int digit = byte - '0';
     if (inFraction_) {
         scale_ /= 10;
-        value_ += digit * scale_;
+        value_ += static_cast<long double>(digit) * scale_;
     } else {
         value_ = value_ * 10 + digit;
     }
