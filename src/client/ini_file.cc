@@ -8,6 +8,8 @@
 #include <cstdlib>
 #include <cstring>
 #include <new>
+#include <unordered_map>
+#include <unordered_set>
 
 namespace {
 
@@ -127,6 +129,26 @@ void SetOrThrow(dictionary& entries, const char* key, const char* value) {
     }
 }
 
+// Which section an entry belongs to: the longest whose name and a ":" it begins with, since both a section's name and a
+// key may have ":" in them.  The empty name for one that stands before any section.
+class SectionIndex {
+public:
+    explicit SectionIndex(const std::vector<const char*>& sections) : sections_(sections.begin(), sections.end()) {}
+
+    std::string_view SectionOf(std::string_view entry) const {
+        for (size_t colon = entry.rfind(':'); colon != 0; colon = entry.rfind(':', colon - 1)) {
+            const std::string_view section = entry.substr(0, colon);
+            if (colon == std::string_view::npos || sections_.contains(section)) {
+                return colon == std::string_view::npos ? std::string_view() : section;
+            }
+        }
+        return {};
+    }
+
+private:
+    std::unordered_set<std::string_view> sections_;
+};
+
 }  // namespace
 
 std::string IniFile::Lowered(std::string_view name) {
@@ -149,11 +171,16 @@ std::unique_ptr<IniFile> IniFile::Load(const char* path) {
     return read == nullptr ? nullptr : std::unique_ptr<IniFile>(new IniFile(std::move(read)));
 }
 
-std::unique_ptr<IniFile> IniFile::Copy() const {
-    Dictionary copy(dictionary_new(static_cast<size_t>(dictionary_->n)));
-    if (copy == nullptr) {
+IniFile::Dictionary IniFile::NewDictionary() {
+    Dictionary made(dictionary_new(0));
+    if (made == nullptr) {
         throw std::bad_alloc();
     }
+    return made;
+}
+
+std::unique_ptr<IniFile> IniFile::Copy() const {
+    Dictionary copy = NewDictionary();
     ForEachEntry(*dictionary_, [&](const char* key, const char* value) { SetOrThrow(*copy, key, value); });
     return std::unique_ptr<IniFile>(new IniFile(std::move(copy)));
 }
@@ -189,10 +216,10 @@ void IniFile::Remove(std::string_view section, std::string_view key) {
 
 void IniFile::RemoveSection(std::string_view section) {
     const std::string name = Lowered(section);
-    const std::string prefix = name + ':';
+    const SectionIndex index(sections_);
     std::vector<std::string> entries;
     ForEachEntry(*dictionary_, [&](const char* key, const char* value) {
-        if (value == nullptr ? name == key : std::strncmp(key, prefix.c_str(), prefix.size()) == 0) {
+        if (name == (value == nullptr ? key : index.SectionOf(key))) {
             entries.emplace_back(key);
         }
     });
@@ -203,29 +230,36 @@ void IniFile::RemoveSection(std::string_view section) {
 }
 
 std::optional<std::string> IniFile::Text() const {
-    const Dictionary written(dictionary_new(static_cast<size_t>(dictionary_->n)));
-    if (written == nullptr) {
-        throw std::bad_alloc();
-    }
+    // One dictionary to a section: what iniparser writes for one of a whole file has the keys of a neighbour in it,
+    // where the neighbour's name goes on behind a ":".
+    std::unordered_map<std::string_view, Dictionary> written;
+    const SectionIndex index(sections_);
     MemoryStream stream;
     ForEachEntry(*dictionary_, [&](const char* key, const char* value) {
         if (value == nullptr) {
-            SetOrThrow(*written, key, nullptr);
             return;
         }
         const std::optional<std::string> form = WrittenForm(value);
-        SetOrThrow(*written, key, form ? form->c_str() : value);
-        if (key[0] == ':') {
-            std::fprintf(stream.File(), "%s = %s\n", key + 1, form ? form->c_str() : value);
+        const char* const text = form ? form->c_str() : value;
+        const std::string_view section = index.SectionOf(key);
+        if (section.empty()) {
+            std::fprintf(stream.File(), "%s = %s\n", key + 1, text);
+            return;
         }
+        Dictionary& ofSection = written[section];
+        if (ofSection == nullptr) {
+            ofSection = NewDictionary();
+        }
+        SetOrThrow(*ofSection, key, text);
     });
-    // A section with ":" in its name looks like a key when its neighbour is written; its own line, which comes behind,
-    // sets that right.
-    for (const bool late : {false, true}) {
-        for (const char* section : sections_) {
-            if (section[0] != '\0' && (std::strchr(section, ':') != nullptr) == late) {
-                iniparser_dumpsection_ini(written.get(), section, stream.File());
+    for (const char* section : sections_) {
+        if (section[0] != '\0') {
+            Dictionary& ofSection = written[section];
+            if (ofSection == nullptr) {
+                ofSection = NewDictionary();
             }
+            SetOrThrow(*ofSection, section, nullptr);
+            iniparser_dumpsection_ini(ofSection.get(), section, stream.File());
         }
     }
 

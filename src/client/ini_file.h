@@ -67,6 +67,7 @@ private:
         void operator()(_dictionary_* dictionary) const;
     };
     using Dictionary = std::unique_ptr<_dictionary_, Deleter>;
+    static Dictionary NewDictionary();
 
     explicit IniFile(Dictionary dictionary) : dictionary_(std::move(dictionary)) { ListSections(); }
     void ListSections();

@@ -155,6 +155,8 @@ TEST(IniFile, OddNamesAreKept) {
     ExpectKept("[c]\nd = lost\nk = v\n[c:d]\nk = w\n");
     ExpectKept("[c:d]\nk = w\n[c]\nk = v\n[c:d:e]\nk = x\n");
     ExpectKept("[s]\na:b = c\n[x = y\n");
+    ExpectKept("[c]\nk = v\n[c:x = y]\nk = w\n[c:x = y:#z]\nk = x\n");
+    ExpectKept("[:d]\nk = v\n[ ]\nl = w\n");
     ExpectKept("[]\nk = v\n[s]\n[]\nk = w\n");
     ExpectKept("[ s p a c e ]\n k e y = v\n");
     ExpectKept("");
@@ -176,6 +178,16 @@ TEST(IniFile, ValuesAreComparedBothWays) {
     EXPECT_FALSE(one->HasTheValuesOf(*Read("[s]\na = 2\n")));
     EXPECT_FALSE(one->HasTheValuesOf(*Read("[s]\na = 1\nb = 1\n")));
     EXPECT_FALSE(Read("[s]\na = 1\nb = 1\n")->HasTheValuesOf(*one));
+}
+
+TEST(IniFile, ARemovedSectionTakesNothingFromItsNeighbour) {
+    const std::unique_ptr<IniFile> file = Read("[a]\nk = 1\nx:y = 2\n[a:b]\nk = 3\n[ab]\nk = 4\n");
+    file->RemoveSection("A");
+    EXPECT_FALSE(file->HasSection("a"));
+    EXPECT_EQ(Value(*file, "a", "k"), "none");
+    EXPECT_EQ(Value(*file, "a", "x:y"), "none");
+    EXPECT_EQ(Value(*file, "a:b", "k"), "3");
+    EXPECT_EQ(Value(*file, "ab", "k"), "4");
 }
 
 TEST(IniFile, ACopyIsItsOwn) {
