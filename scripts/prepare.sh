@@ -30,7 +30,7 @@ install_missing() {
     rm -f "$log"
 }
 
-build_packages=(g++ cmake ninja-build libssl-dev)
+build_packages=(g++ cmake ninja-build libssl-dev libiniparser-dev)
 test_packages=(libgtest-dev libgmock-dev)
 
 # configure PRESET [OPTION...]: configures a preset, with ccache where it is present.

@@ -11,15 +11,21 @@
 #include "inspectors/file.h"
 #include "values/integer.h"
 
+FileLocation NamedDownloads(const FileLocation& clientFolder, std::string_view siteName, int64_t actionId) {
+    const FileLocation global(clientFolder.Parent(), cRESERVED_DIRECTORY_GLOBAL);
+    const FileLocation ofSite(FileLocation(global, cRESERVED_DIRECTORY_DOWNLOAD), siteName);
+    return {FileLocation(ofSite, std::to_string(actionId)), "named"};
+}
+
 namespace {
 
-// Beside the folder of what all sites share, in the data folder.
+// In the data folder of the host's storage location.
 std::optional<download_storage_folder> DownloadStorageFolder() {
     const auto& storage = ContextInterface<InspectorStorageContext, InspectorStorageContextError>();
     if (storage.getGlobalLocation == nullptr) {
         throw InspectorStorageContextError();
     }
-    const FileLocation dataFolder = storage.getGlobalLocation().Parent();
+    const FileLocation dataFolder(storage.getGlobalLocation(), cRESERVED_DIRECTORY_DATA);
     return At<download_storage_folder>(FileLocation(dataFolder, cRESERVED_DIRECTORY_DOWNLOAD));
 }
 
@@ -41,12 +47,8 @@ std::optional<integer> TotalSize(const download_storage_folder& store) {
 }
 
 FileLocation DownloadLocation(const ActionOrigin& action) {
-    if (!action.isOfMainSite) {
-        return FileLocation(*action.clientFolder, cRESERVED_DIRECTORY_DOWNLOAD);
-    }
-    const FileLocation global(action.clientFolder->Parent(), cRESERVED_DIRECTORY_GLOBAL);
-    const FileLocation ofSite(FileLocation(global, cRESERVED_DIRECTORY_DOWNLOAD), action.siteName);
-    return FileLocation(FileLocation(ofSite, std::to_string(action.actionId)), "named");
+    return action.isOfMainSite ? NamedDownloads(*action.clientFolder, action.siteName, action.actionId)
+                               : FileLocation(*action.clientFolder, cRESERVED_DIRECTORY_DOWNLOAD);
 }
 
 // A host without actions has no context for them at all: kept as it stands, the words are those of a missing context.

@@ -2,7 +2,14 @@
 #ifndef INSPECTORS_DOWNLOAD_H
 #define INSPECTORS_DOWNLOAD_H
 
+#include <cstdint>
+#include <string_view>
+
+#include "foundation/file_location.h"
 #include "inspectors/folder.h"
+
+// Where the named downloads of an action of the main site are, whose client folder is given.
+FileLocation NamedDownloads(const FileLocation& clientFolder, std::string_view siteName, int64_t actionId);
 
 // The folder of all downloads.
 class download_storage_folder : public folder {

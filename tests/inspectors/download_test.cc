@@ -29,27 +29,27 @@ public:
     }
 };
 
-TEST(DownloadStorage, IsBesideTheGlobalFolder) {
+TEST(DownloadStorage, IsInTheDataFolderOfTheStorageLocation) {
     const TemporaryPlace place;
-    globalLocation = place.Location("data/__Global");
+    globalLocation = place.Location();
     StorageHost host;
     EXPECT_EQ(Ask("download storage folder", &host), DoesNotExist());
-    place.Folder("data/__Download");
-    EXPECT_EQ(Ask("download storage folder", &host), Values({place.Path("data/__Download")}));
+    place.Folder("__OSLData/__Download");
+    EXPECT_EQ(Ask("download storage folder", &host), Values({place.Path("__OSLData/__Download")}));
     EXPECT_EQ(Ask("total size of download storage folder", &host), Values({"0"}));
-    place.File("data/__Download/a", "123");
-    place.Folder("data/__Download/b/c");
-    place.File("data/__Download/b/c/d", "45");
-    place.Link("data/__Download/dangling", "nowhere");
+    place.File("__OSLData/__Download/a", "123");
+    place.Folder("__OSLData/__Download/b/c");
+    place.File("__OSLData/__Download/b/c/d", "45");
+    place.Link("__OSLData/__Download/dangling", "nowhere");
     EXPECT_EQ(Ask("total sizes of download storage folders", &host), Values({"5"}));
     EXPECT_EQ(Ask("number of files of download storage folder", &host), Values({"1"}));
 }
 
 TEST(DownloadStorage, AFileInItsPlaceIsNone) {
     const TemporaryPlace place;
-    place.Folder("data");
-    place.File("data/__Download");
-    globalLocation = place.Location("data/__Global");
+    place.Folder("__OSLData");
+    place.File("__OSLData/__Download");
+    globalLocation = place.Location();
     StorageHost host;
     EXPECT_EQ(Ask("download storage folder", &host), DoesNotExist());
 }
