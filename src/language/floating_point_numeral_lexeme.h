@@ -6,9 +6,11 @@
 #include "language/lexeme_acceptors.h"
 
 // Sums the digits in extended precision and narrows once, on delivery.  A second "." ends the numeral, and there is no
-// exponent.  The scale of a fraction is a double: of the thousandths of a second 852 then come out of a time interval's
-// text as they went in, where only 506 do with a scale of extended precision, since more of them end above their
-// decimal than below it and what is below is cut to the microsecond before.
+// exponent.
+//
+// The scale of a fraction is a double and not a number of extended precision: a time interval is cut to the
+// microsecond, so that a sum which falls short of its decimal loses one, and of the 999 printed milliseconds 852 read
+// back exactly with the one and 506 with the other.
 class FloatingPointNumeralLexeme final : public Lexeme {
 public:
     explicit FloatingPointNumeralLexeme(FloatingPointNumeralLexemeAcceptor& acceptor) : acceptor_(acceptor) {}

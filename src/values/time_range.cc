@@ -18,19 +18,15 @@ std::optional<time_range> RangeAfter(const moment& time, Of, const time_range& r
     return range.Contains(time) ? std::optional<time_range>(time_range(time, range.End())) : std::nullopt;
 }
 
-// The range from one moment to another that must be there, not be before the first and lie within the range.
-std::optional<time_range> Part(const time_range& range, std::optional<moment> time, bool initial) {
-    if (!time || !range.Contains(*time)) {
-        return std::nullopt;
-    }
-    return initial ? time_range(range.Start(), *time) : time_range(*time, range.End());
-}
-
+// The moment where a part ends or begins has to lie in the range: the length of a part is not negative and no more than
+// the range's.
 std::optional<time_range> InitialPart(const time_interval& length, Of, const time_range& range) {
-    return Part(range, range.Start() + length, true);
+    const std::optional<moment> end = range.Start() + length;
+    return end ? RangeBefore(*end, Of(), range) : std::nullopt;
 }
 std::optional<time_range> FinalPart(const time_interval& length, Of, const time_range& range) {
-    return Part(range, range.End() - length, false);
+    const std::optional<moment> start = range.End() - length;
+    return start ? RangeAfter(*start, Of(), range) : std::nullopt;
 }
 
 boolean ContainsTime(const time_range& range, const moment& time) { return range.Contains(time); }

@@ -22,6 +22,7 @@ void ForgetLocalTimeZone(Instant&, void*) { localZone.known = false; }
 
 RegistrationObject<CacheRegistration> engineRefreshEngineTimeZoneCache(CacheRecord{&ForgetLocalTimeZone, nullptr});
 
+// tzset: the variable TZ may have changed since localtime_r looked at it.
 time_zone ZoneInForceNow() {
     tzset();
     const time_t now = time(nullptr);

@@ -35,14 +35,13 @@ TokenTexts Texts() {
     return texts;
 }
 
-const std::regex kIntervals("S?(ND|N:N:N|ND,N:N:N)");
-
 TEST(IntervalLanguage, AdmitsWhatItsGrammarDoes) {
+    const TokenLanguage intervals("S?(ND|N:N:N|ND,N:N:N)");
     TokenTexts texts = Texts();
     int accepted = 0;
     const auto check = [&](const std::string& tokens) {
         const std::string text = texts.Written(tokens);
-        const bool valid = std::regex_match(tokens, kIntervals);
+        const bool valid = intervals.Admits(tokens);
         accepted += valid ? 1 : 0;
         EXPECT_EQ(Read(text).has_value(), valid) << tokens << " as " << text;
     };

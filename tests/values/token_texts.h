@@ -6,14 +6,34 @@
 #ifndef TESTS_VALUES_TOKEN_TEXTS_H
 #define TESTS_VALUES_TOKEN_TEXTS_H
 
+#include <regex.h>
+
 #include <cctype>
 #include <functional>
 #include <map>
 #include <random>
-#include <regex>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
+
+// A language as an extended regular expression over whole sequences.
+class TokenLanguage {
+public:
+    explicit TokenLanguage(const std::string& expression) {
+        if (regcomp(&compiled_, ("^(" + expression + ")$").c_str(), REG_EXTENDED | REG_NOSUB) != 0) {
+            throw std::invalid_argument(expression);
+        }
+    }
+    TokenLanguage(const TokenLanguage&) = delete;
+    TokenLanguage& operator=(const TokenLanguage&) = delete;
+    ~TokenLanguage() { regfree(&compiled_); }
+
+    bool Admits(const std::string& tokens) const { return regexec(&compiled_, tokens.c_str(), 0, nullptr, 0) == 0; }
+
+private:
+    regex_t compiled_;
+};
 
 struct TokenTexts {
     // The texts that a class may be written as.
