@@ -90,6 +90,9 @@ inspector_string rope::Flattened() const {
     if (IsOnePiece()) {
         return text_;
     }
+    if (length_ > static_cast<size_t>(std::numeric_limits<ptrdiff_t>::max())) {
+        throw std::bad_alloc();
+    }
     char* bytes = static_cast<char*>(InspectorAllocate(length_));
     CopyTo(bytes);
     return {bytes, length_};
