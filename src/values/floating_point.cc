@@ -7,8 +7,8 @@
 #include "evaluator/adapters.h"
 #include "values/floating_point_text.h"
 
-// The functions of the mathematics library are called by their own names: the compiler is told to know nothing about
-// them in this file, and it knows better under the names of <cmath>.
+// The functions of the mathematics library are called by their own names: this file is compiled so that the compiler
+// knows nothing about those, and the names of <cmath> stand for what it knows.
 
 namespace {
 
