@@ -7,8 +7,8 @@
 #include "evaluator/adapters.h"
 #include "values/floating_point_text.h"
 
-// The functions of the mathematics library are called by their own names: the compiler is told to know nothing about
-// them in this file, and it knows better under the names of <cmath>.
+// The functions of the mathematics library are called by their own names: this file is compiled so that the compiler
+// knows nothing about those, and the names of <cmath> stand for what it knows.
 
 namespace {
 
@@ -23,17 +23,28 @@ static_assert(FE_INVALID == floating_point::kInvalid && FE_DIVBYZERO == floating
               FE_OVERFLOW == floating_point::kOverflow && FE_UNDERFLOW == floating_point::kUnderflow &&
               FE_INEXACT == floating_point::kInexact && FE_ALL_EXCEPT == 61);
 
-// One operation between the clearing and the reading of the exceptions.  The arithmetic is x87 alone, so that the other
-// unit's status, which the library's functions touch too at many times the price, has nothing to tell.  The operands go
-// through the first instruction and the result through the second, or the compiler would be free to compute before the
-// one or after the other.
-template <class Operation>
-Watched Watch(long double a, long double b, Operation operation) {
-    asm volatile("fnclex" : "+m"(a), "+m"(b));
-    long double result = operation(a, b);
+// The arithmetic is x87 alone, so that the other unit's status, which the library's functions touch too at many times
+// the price, has nothing to tell.  `result` goes through the instruction, or the compiler would be free to compute it
+// later; and memory does, or it would be free to compute a threshold, which does not count, before.
+unsigned StatusAfter(long double& result) {
     unsigned short status;
-    asm volatile("fnstsw %0" : "=a"(status), "+t"(result));
-    return {result, status & unsigned{FE_ALL_EXCEPT}};
+    asm volatile("fnstsw %0" : "=a"(status), "+t"(result) : : "memory");
+    return status & unsigned{FE_ALL_EXCEPT};
+}
+
+// One operation, with the exceptions that its operands carry and those that it raises.  Clearing the status costs more
+// than the operation.  But the status only ever gathers: what it does not show was not raised, and what the operands
+// carry anyway need not be told apart from what was there before.  Only where it shows more is it cleared, and the
+// operation done once more; its operands go through the clearing, or the compiler would keep the first result.
+template <class Operation>
+Watched Watch(long double a, long double b, unsigned carried, Operation operation) {
+    long double result = operation(a, b);
+    if ((StatusAfter(result) & ~carried) == 0) {
+        return {result, carried};
+    }
+    asm volatile("fnclex" : "+m"(a), "+m"(b) : : "memory");
+    result = operation(a, b);
+    return {result, carried | StatusAfter(result)};
 }
 
 unsigned RaisedExceptions() { return static_cast<unsigned>(std::fetestexcept(FE_ALL_EXCEPT)); }
@@ -50,10 +61,10 @@ unsigned RaisedExceptions() {
 }
 
 template <class Operation>
-Watched Watch(volatile long double a, volatile long double b, Operation operation) {
+Watched Watch(volatile long double a, volatile long double b, unsigned carried, Operation operation) {
     std::feclearexcept(FE_ALL_EXCEPT);
     const volatile long double result = operation(a, b);
-    return {result, RaisedExceptions()};
+    return {result, carried | RaisedExceptions()};
 }
 
 #endif
@@ -81,58 +92,58 @@ long double ProductThreshold(const floating_point& a, const floating_point& b) {
 floating_point operator-(const floating_point& a) { return {-a.value_, a.threshold_, a.flags_}; }
 
 floating_point operator+(const floating_point& a, const floating_point& b) {
-    const Watched sum = Watch(a.value_, b.value_, kSum);
-    return {sum.value, ::hypotl(a.threshold_, b.threshold_), a.flags_ | b.flags_ | sum.flags};
+    const Watched sum = Watch(a.value_, b.value_, a.flags_ | b.flags_, kSum);
+    return {sum.value, ::hypotl(a.threshold_, b.threshold_), sum.flags};
 }
 
 floating_point operator-(const floating_point& a, const floating_point& b) {
-    const Watched difference = Watch(a.value_, b.value_, kDifference);
-    return {difference.value, ::hypotl(a.threshold_, b.threshold_), a.flags_ | b.flags_ | difference.flags};
+    const Watched difference = Watch(a.value_, b.value_, a.flags_ | b.flags_, kDifference);
+    return {difference.value, ::hypotl(a.threshold_, b.threshold_), difference.flags};
 }
 
 floating_point operator*(const floating_point& a, const floating_point& b) {
-    const Watched product = Watch(a.value_, b.value_, kProduct);
-    return {product.value, ProductThreshold(a, b), a.flags_ | b.flags_ | product.flags};
+    const Watched product = Watch(a.value_, b.value_, a.flags_ | b.flags_, kProduct);
+    return {product.value, ProductThreshold(a, b), product.flags};
 }
 
 floating_point operator/(const floating_point& a, const floating_point& b) {
-    const Watched quotient = Watch(a.value_, b.value_, kQuotient);
-    return {quotient.value, ProductThreshold(a, b) / b.value_ / b.value_, a.flags_ | b.flags_ | quotient.flags};
+    const Watched quotient = Watch(a.value_, b.value_, a.flags_ | b.flags_, kQuotient);
+    return {quotient.value, ProductThreshold(a, b) / b.value_ / b.value_, quotient.flags};
 }
 
 floating_point operator+(const floating_point& a, integer n) {
-    const Watched sum = Watch(a.value_, floating_point::Exact(n), kSum);
-    return {sum.value, a.threshold_, a.flags_ | sum.flags};
+    const Watched sum = Watch(a.value_, floating_point::Exact(n), a.flags_, kSum);
+    return {sum.value, a.threshold_, sum.flags};
 }
 
 floating_point operator-(const floating_point& a, integer n) {
-    const Watched difference = Watch(a.value_, floating_point::Exact(n), kDifference);
-    return {difference.value, a.threshold_, a.flags_ | difference.flags};
+    const Watched difference = Watch(a.value_, floating_point::Exact(n), a.flags_, kDifference);
+    return {difference.value, a.threshold_, difference.flags};
 }
 
 // Kept as it stands: a negative factor or divisor makes the threshold negative.
 floating_point operator*(const floating_point& a, integer n) {
-    const Watched product = Watch(a.value_, floating_point::Exact(n), kProduct);
-    return {product.value, a.threshold_ * floating_point::Exact(n), a.flags_ | product.flags};
+    const Watched product = Watch(a.value_, floating_point::Exact(n), a.flags_, kProduct);
+    return {product.value, a.threshold_ * floating_point::Exact(n), product.flags};
 }
 
 floating_point operator/(const floating_point& a, integer n) {
-    const Watched quotient = Watch(a.value_, floating_point::Exact(n), kQuotient);
-    return {quotient.value, a.threshold_ / floating_point::Exact(n), a.flags_ | quotient.flags};
+    const Watched quotient = Watch(a.value_, floating_point::Exact(n), a.flags_, kQuotient);
+    return {quotient.value, a.threshold_ / floating_point::Exact(n), quotient.flags};
 }
 
 floating_point operator+(integer n, const floating_point& a) { return a + n; }
 
 floating_point operator-(integer n, const floating_point& a) {
-    const Watched difference = Watch(floating_point::Exact(n), a.value_, kDifference);
-    return {difference.value, a.threshold_, a.flags_ | difference.flags};
+    const Watched difference = Watch(floating_point::Exact(n), a.value_, a.flags_, kDifference);
+    return {difference.value, a.threshold_, difference.flags};
 }
 
 floating_point operator*(integer n, const floating_point& a) { return a * n; }
 
 floating_point operator/(integer n, const floating_point& a) {
-    const Watched quotient = Watch(floating_point::Exact(n), a.value_, kQuotient);
-    return {quotient.value, a.threshold_ * floating_point::Exact(n) / a.value_ / a.value_, a.flags_ | quotient.flags};
+    const Watched quotient = Watch(floating_point::Exact(n), a.value_, a.flags_, kQuotient);
+    return {quotient.value, a.threshold_ * floating_point::Exact(n) / a.value_ / a.value_, quotient.flags};
 }
 
 long double NearestInteger(long double x) { return x - ::remainderl(x, 1); }

@@ -88,7 +88,7 @@ private:
     size_t length_;
 };
 
-// Whole numbers and zero have no sign of their own beside these.
+// What has the same text at every threshold and in every form; false for any other number.
 bool AppendedWithoutDigits(FloatingPointText& text, long double v) {
     if (v != v) {
         text.Append("NaN");

@@ -162,6 +162,19 @@ def operations():
                                                   "{1, 20000, true}" if infinite else number(result), flags)
 
 
+def streams():
+    for _ in range(60):
+        numbers = [rounded(some_number(-8, 8))[0] for _ in range(6)]
+        total, product, total_flags, product_flags = F(0), F(1), 0, 0
+        for n in numbers:
+            total, raised = rounded(total + n)
+            total_flags |= raised
+            product, raised = rounded(product * n)
+            product_flags |= raised
+        yield "{{%s}, %s, %d, %s, %d}" % (", ".join(map(number, numbers)), number(total), total_flags,
+                                          number(product), product_flags)
+
+
 def texts():
     def row(v, t):
         v, t = rounded(v)[0], rounded(t)[0]
@@ -249,3 +262,4 @@ print("// Written by floating_point_table.py; not to be edited.")
 table("Operation", "kOperations", operations())
 table("Written", "kWritten", texts())
 table("Numeral", "kNumerals", numerals())
+table("Stream", "kStreams", streams())

@@ -5,6 +5,7 @@
 
 #include <cfenv>
 #include <cmath>
+#include <cstddef>
 #include <ostream>
 #include <string>
 
@@ -49,6 +50,14 @@ struct Numeral {
     Number threshold;
     unsigned flags;
     bool exact;
+};
+
+struct Stream {
+    Number numbers[6];
+    Number sum;
+    unsigned sumFlags;
+    Number product;
+    unsigned productFlags;
 };
 
 #include "tests/values/floating_point_table.inc"
@@ -139,6 +148,37 @@ TEST(FloatingPointArithmetic, TakesAnIntegerForExact) {
     EXPECT_EQ((integer(-64) / a).Threshold(), -3);
     EXPECT_EQ((integer(2) - a).Value(), -6);
     EXPECT_EQ((integer(16) / a).Value(), 2);
+}
+
+// The result of an aggregate over the stream, each number at the threshold 1.
+floating_point Aggregated(const char* phrase, const Stream& stream) {
+    const TypeRegistry& registry = TypeRegistry::Instance();
+    const PropertyAccessor& accessor =
+        *registry.Property(registry.TypeByName("floating point"), phrase, registry.WorldType()).accessor;
+    alignas(std::max_align_t) unsigned char state[256];
+    EXPECT_LE(accessor.stateSize, sizeof state);
+    accessor.constructState(state);
+    accessor.firstInitial(nullptr, nullptr, nullptr, state, accessor.data);
+    for (const Number& number : stream.numbers) {
+        const floating_point value = Certain(number.Value());
+        accessor.firstMiddle(nullptr, nullptr, &value, state, accessor.data);
+    }
+    floating_point result;
+    EXPECT_TRUE(accessor.firstFinal(&result, nullptr, nullptr, state, accessor.data));
+    accessor.destroyState(state);
+    return result;
+}
+
+TEST(FloatingPointAggregates, RoundAtEveryStep) {
+    for (const Stream& stream : kStreams) {
+        const floating_point sum = Aggregated("sum", stream);
+        EXPECT_EQ(sum.Value(), stream.sum.Value());
+        EXPECT_EQ(sum.Flags(), stream.sumFlags);
+        EXPECT_LE(std::fabs(sum.Threshold() - std::sqrt(6.0L)), 0x1p-60L);
+        const floating_point product = Aggregated("product", stream);
+        EXPECT_EQ(product.Value(), stream.product.Value());
+        EXPECT_EQ(product.Flags(), stream.productFlags);
+    }
 }
 
 std::string TextIn(FloatingPointText (*form)(const floating_point&), const floating_point& x) {
