@@ -151,6 +151,11 @@ public:
 
     void Collect(Of, const T& element) {
         const auto key = Set::Element::KeyOf(element);
+        // What comes in order needs no search.
+        if (tree_.empty() || Set::Element::KeyOf(*tree_.rbegin()) < key) {
+            tree_.emplace_hint(tree_.end(), key);
+            return;
+        }
         const auto place = tree_.lower_bound(key);
         if (place == tree_.end() || Set::Element::KeyOf(*place) != key) {
             tree_.emplace_hint(place, key);
