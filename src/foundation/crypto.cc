@@ -111,7 +111,7 @@ void SeedRandomNumbers() {
 template <class T>
 struct RemoveErrorState {
     static constexpr void (*destructor)(void*) = [](void* used) {
-        if (used != nullptr) {
+        if (used != nullptr && initialised) {
             Crypto_wrapper_ERR_remove_state(0);
         }
     };

@@ -1,4 +1,5 @@
 // What the old interface's functions mean on top of OpenSSL 3.
+#include <dlfcn.h>
 #include <gtest/gtest.h>
 #include <unistd.h>
 
@@ -10,6 +11,7 @@
 #include <thread>
 
 #include "foundation/crypto_library.h"
+#include "foundation/crypto_names.h"
 #include "foundation/crypto_wrappers.h"
 #include "tests/foundation/own_process.h"
 
@@ -345,21 +347,39 @@ TEST(CryptoLegacy, HashTables) {
               "new old 2 found 2 taken");
 }
 
-// The rest of the queue's functions are exported by the library and stand in no table.
-TEST(CryptoLegacy, Queues) {
+// The rest of the queue's functions stand in no table.
+TEST(CryptoLegacy, QueuesCountWhatWasInsertedInTheOrderOfItsPriorities) {
     EXPECT_EQ(Loaded([] {
-                  struct Queue {
-                      pitem* items;
-                  } queue{nullptr};
-                  const auto handle = reinterpret_cast<pqueue>(&queue);
-                  std::string told = std::to_string(Crypto_wrapper_pqueue_size(handle));
-                  pitem second{};
-                  pitem first{};
-                  first.next = &second;
-                  queue.items = &first;
-                  return told + std::to_string(Crypto_wrapper_pqueue_size(handle));
+                  const std::string path = std::string(ZENDRY_BIN_FOLDER) + "/" + kCryptoLibrary + kCryptoSuffix;
+                  void* const library = dlopen(path.c_str(), RTLD_NOW | RTLD_NOLOAD);
+                  const auto found = [&]<class Function>(const char* name) {
+                      return reinterpret_cast<Function*>(dlsym(library, name));
+                  };
+                  const auto newItem = found.template operator()<decltype(pitem_new)>("pitem_new");
+                  const auto insert = found.template operator()<decltype(pqueue_insert)>("pqueue_insert");
+                  const auto pop = found.template operator()<decltype(pqueue_pop)>("pqueue_pop");
+                  const auto freeItem = found.template operator()<decltype(pitem_free)>("pitem_free");
+                  const pqueue queue = found.template operator()<decltype(pqueue_new)>("pqueue_new")();
+                  std::string told = std::to_string(Crypto_wrapper_pqueue_size(queue));
+                  char data[] = "bca";
+                  for (char& letter : data) {
+                      unsigned char priority[8] = {0, 0, 0, 0, 0, 0, 1, static_cast<unsigned char>(letter)};
+                      insert(queue, newItem(priority, &letter));
+                  }
+                  told += std::to_string(Crypto_wrapper_pqueue_size(queue)) + " ";
+                  unsigned char taken[8] = {0, 0, 0, 0, 0, 0, 1, 'b'};
+                  pitem* const twin = newItem(taken, data);
+                  told += insert(queue, twin) == nullptr ? "once " : "twice ";
+                  freeItem(twin);
+                  while (pitem* const item = pop(queue)) {
+                      told += *static_cast<char*>(item->data) == '\0' ? '-' : *static_cast<char*>(item->data);
+                      freeItem(item);
+                  }
+                  told += std::to_string(Crypto_wrapper_pqueue_size(queue));
+                  found.template operator()<decltype(pqueue_free)>("pqueue_free")(queue);
+                  return told;
               }),
-              "02");
+              "04 once -abc0");
 }
 
 TEST(CryptoLegacy, RandomNumbers) {

@@ -176,6 +176,21 @@ TEST(CryptoLibrary, AnEmptyValueOfTheEnvironmentIsAnEmptyFolder) {
     EXPECT_EQ(Loaded(false, binFolder.c_str(), ""), "1 - " + file + " message []");
 }
 
+// The loader takes its places from the environment that a process begins with, so a program has to begin.
+TEST(CryptoLibrary, AnEmptyFolderLeavesTheSearchToTheLoader) {
+    const auto search = [](const std::string& places) {
+        return InOwnProcess([&] {
+            setenv("OSL_LIBPATH", "", 1);
+            setenv("LD_LIBRARY_PATH", places.c_str(), 1);
+            execl(ZENDRY_CRYPTO_LOADER, ZENDRY_CRYPTO_LOADER, binFolder.c_str(), nullptr);
+            return "not run";
+        });
+    };
+    const std::string file = std::string(kCryptoLibrary) + kCryptoSuffix;
+    EXPECT_EQ(search(binFolder), "0 -\n");
+    EXPECT_EQ(search("/nowhere"), "1 " + file + "\n");
+}
+
 TEST(CryptoLibrary, ForgetsWithoutClosing) {
     EXPECT_EQ(InOwnProcess([] {
                   CryptoLoadStatus status;

@@ -194,6 +194,21 @@ TEST(Crypto, AnotherModeCleansUpAndStartsAgain) {
         << told;
 }
 
+TEST(Crypto, AModeWhoseLibraryIsMissingLeavesNothingInitialised) {
+    const TemporaryPlace place;
+    EXPECT_EQ(Asked([&] {
+                  Initialise(false, Real());
+                  std::string told = Initialise(true, place.Location()).substr(0, 8);
+                  told += Crypto::IsInitialised() ? " yes " : " no ";
+                  told += Crypto::LibraryName();
+                  std::thread([] { EXPECT_THROW(Crypto::RequireInitialised(), OpenSSLNotInitialized); }).join();
+                  told += Initialise(true, Fake("lacking_fips")).substr(0, 18);
+                  told += Initialise(false, Real());
+                  return told + " " + Sha1("abc");
+              }),
+              "library: no function EVP_sha1:initialised " + abc);
+}
+
 TEST(Crypto, ALibraryThatIsInTheModeAlreadyIsLeftInIt) {
     EXPECT_EQ(Asked([] { return Initialise(true, Fake("already_in_mode")); }), "initialised");
 }

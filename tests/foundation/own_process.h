@@ -5,9 +5,11 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cstdio>
 #include <cstdlib>
 #include <exception>
 #include <string>
+#include <string_view>
 
 // What the function returned or threw, after what it wrote to standard error and before what was written there while
 // the process ended.  A process that ended otherwise than by exit gives "died" at the end.
@@ -17,6 +19,7 @@ std::string InOwnProcess(Function function) {
     if (pipe(ends) != 0) {
         return "no pipe";
     }
+    std::fflush(nullptr);  // Or the other process would write it again at its end.
     const pid_t process = fork();
     if (process == 0) {
         dup2(ends[1], 2);

@@ -81,6 +81,8 @@ TEST_P(Walks, GoOnOverTablesThatAreBuiltAnew) {
     const size_t count = question.All().size();
     ASSERT_GT(count, 1u);
 
+    // The rows of tuple types stand where their types lie in memory, and may move with each new table.
+    constexpr size_t kMayMove = 16;
     size_t seen = 0;
     auto extra = std::make_unique<Extra>("extra", "extras");
     for (std::string value = question.First(); !value.empty(); value = question.Next()) {
@@ -90,9 +92,9 @@ TEST_P(Walks, GoOnOverTablesThatAreBuiltAnew) {
         } else {
             extra = std::make_unique<Extra>("extra", "extras");
         }
-        ASSERT_LE(seen, count + 1);
+        ASSERT_LE(seen, count + kMayMove);
     }
-    EXPECT_GE(seen + 1, count);
+    EXPECT_GE(seen + kMayMove, count);
 }
 
 INSTANTIATE_TEST_SUITE_P(Reflection, Walks,
