@@ -1,0 +1,148 @@
+#!/usr/bin/env bash
+# Asks the console about this machine and compares what it answers with what the system's own tools and files say.
+#
+#   compare.sh <console>
+#
+# Prints each question whose answers differ, and a count; exits with 1 when any does.  A tool that this machine lacks is
+# named, and what it would have said is passed over.
+set -u
+shopt -s lastpipe
+export LC_ALL=C TZ=UTC
+console=$1
+[ -x "$console" ] || { echo "usage: compare.sh <console>" >&2; exit 2; }
+
+checked=0
+failed=0
+folder=$(mktemp -d)
+trap 'rm -rf "$folder"' EXIT
+
+# The answers to one question, as lines.
+ask() {
+    printf 'Q: %s\n' "$1" >"$folder/question.zendry"
+    "$console" "$folder/question.zendry" 2>/dev/null </dev/null | sed -n 's/^A: //p; s/^E: /E: /p' | sed 's/%25/%/g'
+}
+
+# Expects the answers to be standard input.
+expect() {
+    local expected got
+    expected=$(cat)
+    checked=$((checked + 1))
+    got=$(ask "$1")
+    if [ "$got" != "$expected" ]; then
+        failed=$((failed + 1))
+        printf 'Q: %s\n' "$1"
+        diff <(printf '%s\n' "$expected") <(printf '%s\n' "$got") | sed 's/^/    /'
+    fi
+}
+
+has() {
+    command -v "$1" >/dev/null && return
+    echo "this machine has no $1"
+    return 1
+}
+
+# ---- The operating system ----------------------------------------------------------------------------------------------
+
+if has uname; then
+    uname -r | expect 'release of operating system'
+    uname -v | expect 'build of operating system'
+    uname -m | expect 'architecture of operating system'
+    uname -m | expect 'machine of operating system'
+    uname -n | expect 'host name'
+    uname -n | expect 'hostname'
+    uname -n | expect 'computer name'
+fi
+cat /proc/sys/kernel/domainname | expect 'domainname'
+if has who && who -b | grep -q boot; then
+    echo "$(($(date -d "$(who -b | awk '{ print $3, $4 }')" +%s) / 60))" |
+        expect '(boot time of operating system - "01 Jan 1970 00:00:00 +0000" as time) / minute'
+fi
+if has who; then
+    who | awk '{ print $1 }' | expect 'names of users'
+    who | awk '{ print $2 }' | expect 'ttys of users'
+fi
+echo 'German (Austria)' | LANG=de_AT.UTF-8 expect 'system locale'
+echo 'de_AT.UTF-8' | LANG=de_AT.UTF-8 expect 'platform id of system ui language'
+echo 'French' | LANG=fr_FR expect 'primary language of system locale'
+
+# ---- Processors and memory ---------------------------------------------------------------------------------------------
+
+grep -c '^processor' /proc/cpuinfo | expect 'number of processors'
+value() { sed -n "s/^$1[[:space:]]*: //p" /proc/cpuinfo; }
+value 'model name' | expect 'model names of processors'
+value 'model name' | expect 'brand strings of processors'
+value 'vendor_id' | expect 'vendor names of processors'
+value 'cpu family' | expect 'families of processors'
+value 'model' | expect 'models of processors'
+value 'stepping' | expect 'steppings of processors'
+value 'cpuid level' | expect 'cpuid levels of processors'
+value 'cpu family' | head -n 1 | expect 'family of main processor'
+value 'processor' | expect 'indexes of processors'
+value 'fpu' | sed 's/yes/True/; s/no/False/' | expect 'fpus of processors'
+value 'wp' | sed 's/yes/True/; s/no/False/' | expect 'wps of processors'
+value 'bogomips' | awk '{ printf "%d\n", $1 + 0.5 }' | expect 'bogomipses of processors'
+value 'physical id' | sort -u | wc -l | awk '{ print $1 ? $1 : "none" }' >"$folder/packages"
+grep -qx none "$folder/packages" || expect 'count of cpupackage' <"$folder/packages"
+
+bytes() { awk -v key="$1:" '$1 == key { printf "%d\n", $2 * 1024; exit }' /proc/meminfo; }
+bytes MemTotal | expect 'size of ram'
+bytes MemTotal | expect 'total amount of random access memory'
+bytes SwapTotal | expect 'total amount of swap'
+grep -qi '^MemShared:\|^Mem:' /proc/meminfo || echo False | expect 'exists shared amount of ram'
+
+# ---- Processes ---------------------------------------------------------------------------------------------------------
+
+sleep 300 &
+sleeper=$!
+cp "$(command -v sleep)" "$folder/odd name"
+FOO='a=b' BAR= "$folder/odd name" 301 &
+odd=$!
+trap 'kill $sleeper $odd 2>/dev/null; rm -rf "$folder"' EXIT
+for _ in 1 2 3 4 5 6 7 8 9 10; do
+    [ "$(readlink "/proc/$odd/exe")" = "$folder/odd name" ] && [ "$(basename "$(readlink /proc/$sleeper/exe)")" != bash ] && break
+    sleep 0.1
+done
+basename "$(readlink /proc/$sleeper/exe)" | expect "name of process $sleeper"
+echo 'odd name' | expect "name of process $odd"
+tr '\0' '\n' </proc/$odd/cmdline | expect "command line arguments of process $odd"
+tr '\0' '\n' </proc/$odd/cmdline | sed -n 2p | expect "command line argument 2 of process $odd"
+echo 'a=b' | expect "value of variable \"FOO\" of environment of process $odd"
+tr '\0' '\n' </proc/$odd/environ | sed 's/=.*//' | expect "names of variables of environment of process $odd"
+echo $odd | expect 'pids of processes "odd name"'
+echo True | expect "exists (pids of processes) whose (it = $odd)"
+printf '%s\n' "${PATH}" | expect 'value of variable "PATH" of environment'
+if has ps; then
+    # Processes come and go: those that both see at once are there, and nothing that neither sees.
+    for pid in $(ps -o pid= -p $$,$PPID,$sleeper,$odd); do
+        [ -r "/proc/$pid/exe" ] && echo "$pid" | expect "process id of process $pid"
+    done
+fi
+
+# ---- The network -------------------------------------------------------------------------------------------------------
+
+if has ip; then
+    ip -o -4 addr show | awk '{ sub(/\/.*/, "", $4); print $4 }' | sort >"$folder/v4"
+    printf '%s\n' "$(ask 'addresses of ip interfaces of network' | sort)" | diff "$folder/v4" - >/dev/null ||
+        { failed=$((failed + 1)); echo 'the addresses of version 4 differ from those of ip'; }
+    checked=$((checked + 1))
+    ip -o link show | awk -F': ' '{ sub(/@.*/, "", $2); print $2 }' | sort >"$folder/links"
+    printf '%s\n' "$(ask 'names of any adapters of network' | sort)" | diff "$folder/links" - >/dev/null ||
+        { failed=$((failed + 1)); echo 'the adapters differ from those of ip'; }
+    checked=$((checked + 1))
+    while read -r name mac; do
+        echo "$mac" | expect "mac address of find adapter \"$name\" of network"
+    done < <(ip -o link show | sed -n 's/^[0-9]*: \([^:@]*\)[:@].*link\/ether \([0-9a-f:]*\).*/\1 \2/p')
+    for name in $(ip -o link show up | awk -F': ' '{ sub(/@.*/, "", $2); print $2 }'); do
+        echo True | expect "up of find adapter \"$name\" of network"
+    done
+    ip -o -4 route show default | awk '{ print $3 }' | sort -u |
+        expect '(it as string) of unique values of (gateways of routes whose (gateway flag of it) of linux ipv4 routing table)'
+fi
+awk 'NR > 1 { print $1 }' /proc/net/route | expect 'interfaces of routes of linux ipv4 routing table'
+awk 'NR > 1 { print $7 }' /proc/net/route | expect 'metrics of routes of linux ipv4 routing table'
+
+if [ "$failed" -ne 0 ]; then
+    echo "$failed of $checked questions about this machine differ"
+    exit 1
+fi
+echo "$checked questions about this machine agree with its own tools"
