@@ -10,7 +10,7 @@ bool ClientSettingIs(std::string_view name, std::string_view value) {
         InspectorSettingStore* store = settings.settingStore == nullptr ? nullptr : settings.settingStore();
         StoredSetting setting;
         return store != nullptr && store->Find("Client", name, setting) && setting.value &&
-               Ascii::CompareIgnoringCase(ConstData(*setting.value), ConstData(value)) == 0;
+               Ascii::EqualIgnoringCase(*setting.value, value);
     } catch (...) {
         return false;
     }

@@ -1,19 +1,13 @@
 #include "inspectors/cpu_info.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <cstdlib>
-#include <memory>
 
 #include "foundation/ascii.h"
 #include "foundation/file_error.h"
+#include "foundation/stdio_file.h"
 
 namespace {
-
-bool BeginsWithIgnoringCase(std::string_view text, std::string_view start) {
-    return text.size() >= start.size() &&
-           Ascii::CompareIgnoringCase(ConstData(text.substr(0, start.size())), ConstData(start)) == 0;
-}
 
 // What follows the ":" of a line, none for a line without one.
 std::optional<std::string_view> ValueOf(std::string_view line) {
@@ -86,7 +80,7 @@ constexpr Key kKeys[] = {
 
 void CpuInfoParser::Line(std::string_view piece) {
     const auto* key = std::find_if(std::begin(kKeys), std::end(kKeys),
-                                   [&](const Key& row) { return BeginsWithIgnoringCase(piece, row.start); });
+                                   [&](const Key& row) { return Ascii::BeginsWithIgnoringCase(piece, row.start); });
     if (key == std::end(kKeys)) {
         return;
     }
@@ -111,10 +105,7 @@ std::vector<CpuRecord> ParseCpuInfo(std::string_view text) {
 
 std::vector<CpuRecord> ReadCpuInfo() {
     constexpr const char* kPath = "/proc/cpuinfo";
-    struct Close {
-        void operator()(FILE* file) const { fclose(file); }
-    };
-    const std::unique_ptr<FILE, Close> file(fopen64(kPath, "r"));
+    const StdioFile file = OpenStdioFile(kPath);
     if (file == nullptr) {
         throw FileIOError(0, kPath);
     }

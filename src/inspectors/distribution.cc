@@ -1,10 +1,9 @@
 #include "inspectors/distribution.h"
 
 #include <algorithm>
-#include <cstdio>
-#include <memory>
 
 #include "foundation/ascii.h"
+#include "foundation/stdio_file.h"
 
 namespace {
 
@@ -13,14 +12,6 @@ constexpr size_t kLsbReleaseBytes = 2047;
 
 // A line end counts as a blank.
 constexpr std::string_view kBlanks = " \t\r\n";
-
-bool EqualIgnoringCase(std::string_view a, std::string_view b) {
-    return Ascii::CompareIgnoringCase(ConstData(a), ConstData(b)) == 0;
-}
-
-bool BeginsWithIgnoringCase(std::string_view text, std::string_view start) {
-    return text.size() >= start.size() && EqualIgnoringCase(text.substr(0, start.size()), start);
-}
 
 bool Contains(std::string_view text, std::string_view part) { return text.find(part) != std::string_view::npos; }
 
@@ -65,7 +56,7 @@ Found ProbeVMware(const ReleaseFileReader& read) {
 Found ProbeOracle(const ReleaseFileReader& read) {
     constexpr std::string_view kStart = "enterprise linux enterprise linux ";
     const auto text = read("/etc/enterprise-release", kReleaseBytes);
-    if (!text || !BeginsWithIgnoringCase(*text, kStart)) {
+    if (!text || !Ascii::BeginsWithIgnoringCase(*text, kStart)) {
         return std::nullopt;
     }
     const std::string_view version = CutAt(FirstLine(std::string_view(*text).substr(kStart.size())), '(');
@@ -105,7 +96,7 @@ Found ProbePrefixes(const ReleaseFileReader& read, const char* path, const Prefi
         return std::nullopt;
     }
     const auto* row = std::find_if(std::begin(rows), std::end(rows),
-                                   [&](const PrefixRow& r) { return BeginsWithIgnoringCase(*text, r.prefix); });
+                                   [&](const PrefixRow& r) { return Ascii::BeginsWithIgnoringCase(*text, r.prefix); });
     if (row == std::end(rows)) {
         return std::nullopt;
     }
@@ -219,7 +210,7 @@ std::string_view CutBehindNumber(std::string_view text) {
 void RemoveLinux(std::string& text) {
     constexpr std::string_view kWord = "Linux ";
     for (size_t at = 0; at + kWord.size() <= text.size(); ++at) {
-        if (EqualIgnoringCase(std::string_view(text).substr(at, kWord.size()), kWord)) {
+        if (Ascii::EqualIgnoringCase(std::string_view(text).substr(at, kWord.size()), kWord)) {
             text.erase(at, kWord.size());
             return;
         }
@@ -279,10 +270,7 @@ Distribution ProbeDistribution(const ReleaseFileReader& read) {
 }
 
 std::optional<std::string> ReadReleaseFile(const char* path, size_t most) {
-    struct Close {
-        void operator()(FILE* file) const { fclose(file); }
-    };
-    const std::unique_ptr<FILE, Close> file(fopen64(path, "re"));
+    const StdioFile file = OpenStdioFile(path);
     if (file == nullptr) {
         return std::nullopt;
     }

@@ -10,6 +10,7 @@
 #include "inspectors/descendant_walk.h"
 #include "inspectors/file.h"
 #include "values/integer.h"
+#include "values/string.h"
 
 FileLocation NamedDownloads(const FileLocation& clientFolder, std::string_view siteName, int64_t actionId) {
     const FileLocation global(clientFolder.Parent(), cRESERVED_DIRECTORY_GLOBAL);
@@ -85,9 +86,7 @@ std::optional<inspector_string> DownloadPath(const inspector_string& name) {
         return std::nullopt;
     }
     const FileLocation path(downloads->Location(), name.View());
-    auto* const text = static_cast<char*>(InspectorAllocate(path.Length()));
-    path.Text().copy(text, path.Length());
-    return inspector_string(text, path.Length());
+    return CopiedString(path.Text());
 }
 
 std::optional<file> DownloadFile(const inspector_string& name) {

@@ -3,7 +3,6 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <cstring>
 
 #include "evaluator/adapters.h"
 #include "inspectors/privileges.h"
@@ -71,14 +70,7 @@ inspector_string Name(const environment_variable& variable) { return variable.na
 inspector_string Value(const environment_variable& variable) { return variable.value; }
 
 inspector_string AsString(const environment_variable& variable) {
-    constexpr std::string_view kBetween = " = ";
-    const size_t length = variable.name.length + kBetween.size() + variable.value.length;
-    char* const text = static_cast<char*>(InspectorAllocate(length));
-    char* out = text;
-    for (std::string_view piece : {variable.name.View(), kBetween, variable.value.View()}) {
-        out += piece.copy(out, piece.size());
-    }
-    return {text, length};
+    return JoinedString({variable.name.View(), " = ", variable.value.View()});
 }
 
 // clang-format off

@@ -2,24 +2,18 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdio>
 #include <cstdlib>
 #include <initializer_list>
-#include <memory>
 
 #include "foundation/ascii.h"
 #include "foundation/file_error.h"
+#include "foundation/stdio_file.h"
 
 namespace {
 
 using Figure = std::optional<uint64_t>;
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-
-bool BeginsWithIgnoringCase(std::string_view text, std::string_view start) {
-    return text.size() >= start.size() &&
-           Ascii::CompareIgnoringCase(ConstData(text.substr(0, start.size())), ConstData(start)) == 0;
-}
 
 // The next number of a line, which is taken off its front; none where no digit is left.
 Figure NextNumber(std::string_view& line) {
@@ -46,7 +40,7 @@ void TakeSummary(std::string_view line, std::initializer_list<Figure*> places) {
 // A line "Key: n kB", of which the first counts.
 void TakeLine(std::string_view line, std::string_view key, Figure& figure) {
     constexpr int kKibibyte = 10;
-    if (figure || !BeginsWithIgnoringCase(line, key)) {
+    if (figure || !Ascii::BeginsWithIgnoringCase(line, key)) {
         return;
     }
     line.remove_prefix(key.size());
@@ -70,7 +64,7 @@ ram_info ParseRam(std::string_view text) {
     constexpr std::string_view kSummary = "mem:";
     ram_info ram;
     ForEachLine(text, [&](std::string_view line) {
-        if (BeginsWithIgnoringCase(line, kSummary)) {
+        if (Ascii::BeginsWithIgnoringCase(line, kSummary)) {
             line.remove_prefix(kSummary.size());
             TakeSummary(line, {&ram.total, nullptr, &ram.free, &ram.shared, &ram.buffered, &ram.cached});
             return;
@@ -87,7 +81,7 @@ swap_info ParseSwap(std::string_view text) {
     constexpr std::string_view kSummary = "swap:";
     swap_info swap;
     ForEachLine(text, [&](std::string_view line) {
-        if (BeginsWithIgnoringCase(line, kSummary)) {
+        if (Ascii::BeginsWithIgnoringCase(line, kSummary)) {
             line.remove_prefix(kSummary.size());
             TakeSummary(line, {&swap.total, nullptr, &swap.free});
             return;
@@ -103,10 +97,7 @@ swap_info ParseSwap(std::string_view text) {
 
 std::string ReadMemInfo() {
     constexpr const char* kPath = "/proc/meminfo";
-    struct Close {
-        void operator()(FILE* file) const { fclose(file); }
-    };
-    const std::unique_ptr<FILE, Close> file(fopen64(kPath, "r"));
+    const StdioFile file = OpenStdioFile(kPath);
     if (file == nullptr) {
         throw FileIOError(errno, kPath);
     }

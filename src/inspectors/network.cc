@@ -82,9 +82,8 @@ public:
 
     void StartNamed(const inspector_string&, Of, const network&) { next_ = 0; }
     std::optional<network_adapter> NextNamed(const inspector_string& name, Of, const network& n) {
-        return NextWhere(n, [&](const InterfaceAdapter& adapter) {
-            return Ascii::CompareIgnoringCase(ConstData(adapter.name), name.Data()) == 0;
-        });
+        return NextWhere(
+            n, [&](const InterfaceAdapter& adapter) { return Ascii::EqualIgnoringCase(adapter.name, name.View()); });
     }
 
 private:

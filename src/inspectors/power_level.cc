@@ -1,9 +1,7 @@
 #include "inspectors/power_level.h"
 
-#include <cstdio>
-#include <memory>
-
 #include "evaluator/adapters.h"
+#include "foundation/stdio_file.h"
 #include "values/string.h"
 
 std::optional<std::string_view> ParsePowerState(std::string_view text) {
@@ -36,10 +34,7 @@ struct InspectorTypeInfo<power_level> : InspectorTypeBasics<power_level, 0> {
 namespace {
 
 std::optional<power_level> PowerLevel() {
-    struct Close {
-        void operator()(FILE* file) const { fclose(file); }
-    };
-    const std::unique_ptr<FILE, Close> file(fopen64("/proc/acpi/ac_adapter/ACAD/state", "r"));
+    const StdioFile file = OpenStdioFile("/proc/acpi/ac_adapter/ACAD/state");
     if (file == nullptr) {
         return std::nullopt;
     }

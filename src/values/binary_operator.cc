@@ -5,6 +5,7 @@
 #include "registry/operator_names.h"
 #include "values/inspector_type.h"
 #include "values/registry_walk.h"
+#include "values/string.h"
 
 struct binary_operator {
     const BinaryAccessor* accessor = nullptr;
@@ -60,8 +61,8 @@ std::optional<inspector_type> right_operand_type(const Entry& entry) {
 
 // "<hertz> * <integer>: hertz"
 inspector_string asString(const Entry& entry) {
-    return Joined({"<", entry.accessor->leftType->Name(), "> ", entry.Names().symbol, " <",
-                   entry.accessor->rightType->Name(), ">: ", entry.accessor->resultType->Name()});
+    return JoinedString({"<", entry.accessor->leftType->Name(), "> ", entry.Names().symbol, " <",
+                         entry.accessor->rightType->Name(), ">: ", entry.accessor->resultType->Name()});
 }
 
 using Iterator = binary_operator_iterator;

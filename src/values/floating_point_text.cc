@@ -4,11 +4,11 @@
 #include <charconv>
 #include <cmath>
 #include <cstdint>
-#include <cstring>
 #include <limits>
 
 #include "evaluator/adapters.h"
 #include "foundation/ascii.h"
+#include "values/string.h"
 
 void FloatingPointText::Append(std::string_view text) {
     if (text.size() > kCapacity - length_) {
@@ -162,12 +162,7 @@ void AppendScientificNotation(FloatingPointText& text, long double v, long doubl
     }
 }
 
-inspector_string InEvaluationMemory(const FloatingPointText& text) {
-    const std::string_view view = text.View();
-    char* copy = static_cast<char*>(InspectorAllocate(view.size()));
-    std::memcpy(copy, view.data(), view.size());
-    return {copy, view.size()};
-}
+inspector_string InEvaluationMemory(const FloatingPointText& text) { return CopiedString(text.View()); }
 
 }  // namespace
 
@@ -230,9 +225,7 @@ std::optional<floating_point> ParseName(std::string_view text) {
     const bool negative = TakeSign(text, isSigned);
     SkipBlanks(text);
     text = text.substr(0, text.find_last_not_of(kBlank) + 1);
-    const auto is = [text](std::string_view name) {
-        return Ascii::CompareIgnoringCase(ConstData(text), ConstData(name)) == 0;
-    };
+    const auto is = [text](std::string_view name) { return Ascii::EqualIgnoringCase(text, name); };
     constexpr long double kInfinity = std::numeric_limits<long double>::infinity();
     if (is("inf") || is("infinity")) {
         return floating_point(negative ? -kInfinity : kInfinity, 1, 0);

@@ -1,10 +1,10 @@
 #include "values/hertz.h"
 
 #include <charconv>
-#include <cstring>
 
 #include "evaluator/adapters.h"
 #include "values/aggregates.h"
+#include "values/string.h"
 
 namespace {
 
@@ -23,10 +23,7 @@ inspector_string AsString(const hertz& x) {
     char digits[24];
     const char* end = std::to_chars(digits, digits + sizeof digits, x.Count().Value()).ptr;
     const auto count = static_cast<size_t>(end - digits);
-    char* text = static_cast<char*>(InspectorAllocate(count + kUnit.size()));
-    std::memcpy(text, digits, count);
-    std::memcpy(text + count, kUnit.data(), kUnit.size());
-    return {text, count + kUnit.size()};
+    return JoinedString({{digits, count}, kUnit});
 }
 
 // clang-format off

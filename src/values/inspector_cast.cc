@@ -4,6 +4,7 @@
 #include "evaluator/adapters.h"
 #include "values/inspector_type.h"
 #include "values/registry_walk.h"
+#include "values/string.h"
 
 struct inspector_cast {
     const CastDefinition* cast = nullptr;
@@ -54,7 +55,7 @@ inspector_type result_type(const Entry& entry) { return {entry.cast->resultType}
 
 // "<integer> as bit set: bit set"
 inspector_string asString(const Entry& entry) {
-    return Joined(
+    return JoinedString(
         {"<", entry.cast->sourceType->Name(), "> as ", entry.cast->name, ": ", entry.cast->resultType->Name()});
 }
 

@@ -5,6 +5,7 @@
 #include "evaluator/adapters.h"
 #include "values/inspector_type.h"
 #include "values/registry_walk.h"
+#include "values/string.h"
 
 struct inspector_property {
     const PropertyAccessor* accessor = nullptr;
@@ -97,9 +98,9 @@ std::optional<inspector_type> direct_object_type(const Entry& entry) {
 inspector_string asString(const Entry& entry) {
     const std::optional<inspector_type> index = index_type(entry);
     const std::optional<inspector_type> object = direct_object_type(entry);
-    return Joined({usual_name_of_property(entry).View(), index ? " <" : "", index ? index->type->Name() : "",
-                   index ? ">" : "", object ? " of <" : "", object ? object->type->Name() : "", object ? ">" : "", ": ",
-                   entry.accessor->resultType->Name()});
+    return JoinedString({usual_name_of_property(entry).View(), index ? " <" : "", index ? index->type->Name() : "",
+                         index ? ">" : "", object ? " of <" : "", object ? object->type->Name() : "", object ? ">" : "",
+                         ": ", entry.accessor->resultType->Name()});
 }
 
 using Iterator = inspector_property_iterator;

@@ -6,6 +6,7 @@
 #include "registry/lookup_failures.h"
 #include "values/integer.h"
 #include "values/registry_walk.h"
+#include "values/string.h"
 
 namespace {
 
@@ -52,7 +53,7 @@ private:
 // A registered name stays where it is; a tuple's is made anew with the registry's tables, so it is copied.
 inspector_string name_of_type(const inspector_type& type) {
     const std::string_view name = type.type->Name();
-    return type.type->tuple == nullptr ? inspector_string(name) : Joined({name});
+    return type.type->tuple == nullptr ? inspector_string(name) : CopiedString(name);
 }
 
 integer size_of_type(const inspector_type& type) { return type.type->size; }

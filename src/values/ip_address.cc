@@ -6,6 +6,7 @@
 #include "evaluator/adapters.h"
 #include "language/character_set.h"
 #include "values/aggregates.h"
+#include "values/string.h"
 
 namespace {
 
@@ -204,12 +205,7 @@ public:
         }
     }
 
-    String Copied() const {
-        const auto length = static_cast<size_t>(end_ - text_);
-        char* copy = static_cast<char*>(InspectorAllocate(length));
-        std::copy_n(text_, length, copy);
-        return {copy, length};
-    }
+    String Copied() const { return CopiedString({text_, static_cast<size_t>(end_ - text_)}); }
 
 private:
     char text_[sizeof "ffff:ffff:ffff:ffff:ffff:ffff:255.255.255.255%123456789"];

@@ -3,15 +3,11 @@
 #define VALUES_REGISTRY_WALK_H
 
 #include <cstddef>
-#include <initializer_list>
 #include <optional>
 #include <string_view>
 
 #include "registry/core_values.h"
 #include "registry/type_registry.h"
-
-// The pieces one behind the other, in evaluation memory.  Throws NoInspectorAllocator, std::bad_alloc.
-inspector_string Joined(std::initializer_list<std::string_view> pieces);
 
 // Walks the table that `Table`, a member of TypeRegistry, gives.  It keeps its place as a number and asks for the table
 // at each step: a table that is built anew meanwhile is walked on from there, and nothing of the old one is touched.

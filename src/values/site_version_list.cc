@@ -5,6 +5,7 @@
 
 #include "evaluator/adapters.h"
 #include "values/aggregates.h"
+#include "values/string.h"
 
 namespace {
 
@@ -83,10 +84,7 @@ inspector_string SiteVersionListToString(const SiteVersionList& list) {
         }
         end = std::to_chars(end, std::end(text), list[i]).ptr;
     }
-    const auto length = static_cast<size_t>(end - text);
-    char* copy = static_cast<char*>(InspectorAllocate(length));
-    std::copy(text, end, copy);
-    return {copy, length};
+    return CopiedString({text, static_cast<size_t>(end - text)});
 }
 
 boolean Contains(const SiteVersionList& a, const SiteVersionList& b) { return a.Contains(b); }

@@ -32,6 +32,19 @@ inspector_string CopiedString(std::string_view text) {
     return {memory, text.size()};
 }
 
+inspector_string JoinedString(std::initializer_list<std::string_view> pieces) {
+    size_t length = 0;
+    for (std::string_view piece : pieces) {
+        length += piece.size();
+    }
+    char* const start = static_cast<char*>(InspectorAllocate(length));
+    char* out = start;
+    for (std::string_view piece : pieces) {
+        out = std::copy(piece.begin(), piece.end(), out);
+    }
+    return {start, length};
+}
+
 namespace {
 
 inspector_string Identity(const inspector_string& text) { return text; }

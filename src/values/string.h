@@ -2,6 +2,7 @@
 #ifndef VALUES_STRING_H
 #define VALUES_STRING_H
 
+#include <initializer_list>
 #include <string_view>
 
 #include "foundation/data_filter.h"
@@ -13,5 +14,8 @@ inspector_string FilteredString(const inspector_string& text, DataFilter& filter
 
 // A copy of the bytes in evaluation memory.  Throws NoInspectorAllocator, std::bad_alloc.
 inspector_string CopiedString(std::string_view text);
+
+// The pieces one behind the other, in evaluation memory.  Throws as CopiedString does.
+inspector_string JoinedString(std::initializer_list<std::string_view> pieces);
 
 #endif

@@ -1,8 +1,7 @@
 #include "values/time_range.h"
 
-#include <cstring>
-
 #include "values/aggregates.h"
+#include "values/string.h"
 #include "values/time_zone.h"
 
 namespace {
@@ -40,12 +39,7 @@ std::optional<inspector_string> AsText(const time_range& range) {
     if (!start || !end) {
         return std::nullopt;
     }
-    const size_t length = start->length + kTo.size() + end->length;
-    char* text = static_cast<char*>(InspectorAllocate(length));
-    std::memcpy(text, start->start, start->length);
-    std::memcpy(text + start->length, kTo.data(), kTo.size());
-    std::memcpy(text + start->length + kTo.size(), end->start, end->length);
-    return inspector_string(text, length);
+    return JoinedString({start->View(), kTo, end->View()});
 }
 
 // clang-format off

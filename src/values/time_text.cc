@@ -6,6 +6,7 @@
 
 #include "evaluator/failure.h"
 #include "foundation/ascii.h"
+#include "values/string.h"
 
 namespace {
 
@@ -74,9 +75,4 @@ TimeLine& TimeLine::AddZone(int64_t offset) {
     return Add(offset < 0 ? '-' : '+').Add(minutes / 60, 2).Add(minutes % 60, 2);
 }
 
-inspector_string TimeLine::Text() const {
-    const std::string_view line = View();
-    char* text = static_cast<char*>(InspectorAllocate(line.size()));
-    std::memcpy(text, line.data(), line.size());
-    return {text, line.size()};
-}
+inspector_string TimeLine::Text() const { return CopiedString(View()); }

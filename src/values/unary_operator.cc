@@ -5,6 +5,7 @@
 #include "registry/operator_names.h"
 #include "values/inspector_type.h"
 #include "values/registry_walk.h"
+#include "values/string.h"
 
 struct unary_operator {
     const UnaryAccessor* accessor = nullptr;
@@ -53,7 +54,7 @@ inspector_type operand_type(const Entry& entry) { return {entry.accessor->operan
 
 // "- <integer>: integer"
 inspector_string asString(const Entry& entry) {
-    return Joined(
+    return JoinedString(
         {entry.Names().symbol, " <", entry.accessor->operandType->Name(), ">: ", entry.accessor->resultType->Name()});
 }
 
