@@ -3,36 +3,18 @@
 
 #include <string_view>
 
-#include "evaluator/guard_evaluator.h"
+#include "bench/question.h"
 #include "values/floating_point_text.h"
 
 namespace {
 
-constexpr int64_t kMillion = 1000000;
-
-// A question over a million values, compiled once.
-void Evaluate(benchmark::State& state, std::string_view question) {
-    GuardEvaluator evaluator(nullptr);
-    evaluator.Feed("(");
-    evaluator.Feed(question);
-    evaluator.Feed(")");
-    evaluator.EndOfText();
-    evaluator.ConvertTo("string", "string");
-    for (auto _ : state) {
-        for (void* value = evaluator.First(); value != nullptr; value = evaluator.Next()) {
-            benchmark::DoNotOptimize(value);
-        }
-    }
-    state.SetItemsProcessed(state.iterations() * kMillion);
-}
-
-BENCHMARK_CAPTURE(Evaluate, sum_of_a_million_integers, "sum of integers in (1, 1000000)")
+BENCHMARK_CAPTURE(Evaluate, sum_of_a_million_integers, "sum of integers in (1, 1000000)", kMillion)
     ->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(Evaluate, sum_of_a_million_floating_point_values,
-                  "sum of (it as floating point) of integers in (1, 1000000)")
+                  "sum of (it as floating point) of integers in (1, 1000000)", kMillion)
     ->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(Evaluate, unique_values,
-                  "number of unique values of (it as floating point / 1000) of integers in (1, 1000000)")
+                  "number of unique values of (it as floating point / 1000) of integers in (1, 1000000)", kMillion)
     ->Unit(benchmark::kMillisecond);
 
 void Sum(benchmark::State& state) {

@@ -4,34 +4,9 @@
 
 #include <string_view>
 
-#include "evaluator/guard_evaluator.h"
+#include "bench/question.h"
 
 namespace {
-
-void AskToTheEnd(GuardEvaluator& evaluator) {
-    for (void* value = evaluator.First(); value != nullptr; value = evaluator.Next()) {
-        benchmark::DoNotOptimize(value);
-    }
-}
-
-void Parse(GuardEvaluator& evaluator, std::string_view question) {
-    evaluator.Reset();
-    evaluator.Feed("(");
-    evaluator.Feed(question);
-    evaluator.Feed(")");
-    evaluator.EndOfText();
-    evaluator.ConvertTo("string", "string");
-}
-
-// A question that was compiled once, evaluated again and again; `items` are the values that it walks.
-void Evaluate(benchmark::State& state, std::string_view question, int64_t items) {
-    GuardEvaluator evaluator(nullptr);
-    Parse(evaluator, question);
-    for (auto _ : state) {
-        AskToTheEnd(evaluator);
-    }
-    state.SetItemsProcessed(state.iterations() * items);
-}
 
 // The whole way of a question: lexing, parsing, binding, evaluating, dropping.
 void Ask(benchmark::State& state, std::string_view question) {
@@ -41,8 +16,6 @@ void Ask(benchmark::State& state, std::string_view question) {
         AskToTheEnd(evaluator);
     }
 }
-
-constexpr int64_t kMillion = 1000000;
 
 BENCHMARK_CAPTURE(Evaluate, sum, "sum of integers in (1, 10000000)", 10 * kMillion)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(Evaluate, filter, "number of integers in (1, 10000000) whose (it mod 3 = 0)", 10 * kMillion)

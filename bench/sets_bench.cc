@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "evaluator/guard_evaluator.h"
+#include "bench/question.h"
 #include "values/inspector_set.h"
 
 namespace {
@@ -50,17 +50,7 @@ void Contains(benchmark::State& state) {
 }
 
 // Through the language, from the question's tree to its answer.
-void Ask(benchmark::State& state, const char* question) {
-    GuardEvaluator evaluator(nullptr);
-    evaluator.Feed(question);
-    evaluator.EndOfText();
-    for (auto _ : state) {
-        for (void* value = evaluator.First(); value != nullptr; value = evaluator.Next()) {
-            benchmark::DoNotOptimize(value);
-        }
-    }
-    state.SetItemsProcessed(state.iterations() * kElements);
-}
+void Ask(benchmark::State& state, const char* question) { Evaluate(state, question, kElements); }
 
 using Strings = InspectorSet<inspector_string>;
 using Integers = InspectorSet<integer>;

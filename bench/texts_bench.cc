@@ -3,30 +3,12 @@
 
 #include <string_view>
 
-#include "evaluator/guard_evaluator.h"
+#include "bench/question.h"
 #include "foundation/stack_allocator.h"
 #include "values/regular_expression.h"
 #include "values/rope.h"
 
 namespace {
-
-constexpr int64_t kMillion = 1000000;
-
-// A question that was compiled once, evaluated again and again.
-void Evaluate(benchmark::State& state, std::string_view question, int64_t items) {
-    GuardEvaluator evaluator(nullptr);
-    evaluator.Feed("(");
-    evaluator.Feed(question);
-    evaluator.Feed(")");
-    evaluator.EndOfText();
-    evaluator.ConvertTo("string", "string");
-    for (auto _ : state) {
-        for (void* value = evaluator.First(); value != nullptr; value = evaluator.Next()) {
-            benchmark::DoNotOptimize(value);
-        }
-    }
-    state.SetItemsProcessed(state.iterations() * items);
-}
 
 BENCHMARK_CAPTURE(Evaluate, plain_contains, "number of (integers in (1, 1000000)) whose (it as string contains \"99\")",
                   kMillion)

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "evaluator/guard_evaluator.h"
+#include "bench/question.h"
 #include "foundation/stack_allocator.h"
 #include "values/inspector_date.h"
 #include "values/moment.h"
@@ -14,8 +14,6 @@
 #include "values/zoned_time_of_day.h"
 
 namespace {
-
-constexpr int kMillion = 1000000;
 
 // A few texts of each kind in turn, so that no branch is learned by heart.
 template <class Read>
@@ -73,19 +71,6 @@ void PrintTimesOfDay(benchmark::State& state) {
     PrintMillion(state, [](int i) { return TimeOfDayText(time_of_day::OfSeconds(i)); });
 }
 
-// The whole way through the language.
-void AskMillion(benchmark::State& state) {
-    GuardEvaluator evaluator(nullptr);
-    evaluator.Feed(
-        "number of (it as string as time) of (universal time \"1 Jan 2000 00:00\" + it * second) of integers in (1, "
-        "1000000)");
-    evaluator.EndOfText();
-    for (auto _ : state) {
-        benchmark::DoNotOptimize(evaluator.First());
-    }
-    state.SetItemsProcessed(state.iterations() * kMillion);
-}
-
 BENCHMARK(ReadIntervals)->Unit(benchmark::kMillisecond);
 BENCHMARK(ReadDates)->Unit(benchmark::kMillisecond);
 BENCHMARK(RefuseDates)->Unit(benchmark::kMillisecond);
@@ -95,6 +80,11 @@ BENCHMARK(PrintIntervals)->Unit(benchmark::kMillisecond);
 BENCHMARK(PrintDates)->Unit(benchmark::kMillisecond);
 BENCHMARK(PrintTimes)->Unit(benchmark::kMillisecond);
 BENCHMARK(PrintTimesOfDay)->Unit(benchmark::kMillisecond);
-BENCHMARK(AskMillion)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(
+    Evaluate, print_and_read,
+    "number of (it as string as time) of (universal time \"1 Jan 2000 00:00\" + it * second) of integers in (1, "
+    "1000000)",
+    kMillion)
+    ->Unit(benchmark::kMillisecond);
 
 }  // namespace
