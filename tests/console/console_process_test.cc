@@ -67,6 +67,17 @@ TEST(ConsoleProcess, AFileThatCannotBeReadIsReportedAndTheNextIsRead) {
                               ": Not a directory\n" + place.Path() + ": Is a directory\n");
 }
 
+TEST(ConsoleProcess, WhatHasNoPositionsIsReportedAndTheNextFileIsRead) {
+    const TemporaryPlace place;
+    place.File("a", "Q: 1\n");
+    ASSERT_EQ(mkfifo(place.Path("fifo").c_str(), 0600), 0);
+    const Ended run = RunWith({place.Path("fifo"), "/dev/stdin", "/proc/kmsg", "", place.Path("a")}, "Q: 2\n");
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.output, "Q: 1\nA: 1\n\n");
+    EXPECT_EQ(run.errors,
+              place.Path("fifo") + ": Illegal seek\n/dev/stdin: Illegal seek\n/proc/kmsg: Success\nSuccess\n");
+}
+
 TEST(ConsoleProcess, AFinalOutputOptionIsAFileOfThatName) {
     const TemporaryPlace place;
     const Ended missing = RunWith({"-o"}, "", place.Path());
