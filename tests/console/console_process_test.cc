@@ -174,7 +174,11 @@ TEST(ConsoleProcess, AClosedInputIsAnEnd) {
 TEST(ConsoleProcess, AnInputThatCannotBeReadIsAnEnd) {
     Program program({}, Program::Input::Closed, "/");
     EXPECT_EQ(program.Status(), 0);
-    const std::string command = std::string("exec timeout 10 ") + ZENDRY_PROGRAM + " < / ; exit 9";
+    std::string command = "exec env";
+    for (const auto& [name, value] : ExampleAgent()) {
+        command += " " + name + "='" + value + "'";
+    }
+    command += std::string(" timeout 10 ") + ZENDRY_PROGRAM + " < / ; exit 9";
     FILE* pipe = popen(command.c_str(), "r");
     std::string output;
     for (int c = std::fgetc(pipe); c != EOF; c = std::fgetc(pipe)) {
