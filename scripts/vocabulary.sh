@@ -11,6 +11,8 @@ if [ $# -ne 1 ]; then
     echo "usage: vocabulary.sh CONSOLE" >&2
     exit 2
 fi
+. "$(dirname "$0")/agent.sh"
+in_example_agent "$1"
 answers=$("$1" "$(dirname "$0")/vocabulary.zendry")
 if ! printf '%s\n' "$answers" | grep -q '^A: ' || printf '%s\n' "$answers" | grep '^E: ' >&2; then
     echo "the console does not tell its vocabulary" >&2

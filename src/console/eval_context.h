@@ -5,7 +5,12 @@
 #include "evaluator/inspector_context.h"
 
 // Made on the entry's stack; lives until the query loop has ended.
-class EvalContext final : public InspectorContext, public InspectorStorageContext {
+class EvalContext final : public InspectorContext,
+                          public InspectorStorageContext,
+                          public InspectorLibraryContext,
+                          public InspectorNetworkContext,
+                          public OSLSettingsContext,
+                          public CryptoInspectorContext {
 public:
     // `host` is for the host's own use and is null in the console.
     explicit EvalContext(void* host) : host_(host) {}

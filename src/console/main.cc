@@ -1,15 +1,15 @@
-// The process entry: the program's own path, the command line, the context, and one of the two query loops.
+// The process entry: the program's own path, the command line, the client start-up, and one of the two query loops.
 #include <sys/stat.h>
 #include <sys/wait.h>
 
 #include <cerrno>
 #include <csignal>
+#include <optional>
 
-#include "client/storage_path.h"
 #include "console/command_line.h"
-#include "console/eval_context.h"
 #include "console/memory_limit.h"
 #include "console/query_loops.h"
+#include "console/start_up.h"
 
 namespace {
 
@@ -42,16 +42,15 @@ int main(int argc, char** argv) {
     umask(2);
     LimitMemory();
 
-    StoragePath::SetExecutableLocation(FileLocation(ownPath));
-    StoragePath::SetStorageLocation(FileLocation("/var/opt/OSLClient"));
-    StoragePath::SetLibLocation(FileLocation("/opt/OSLClient/OSLLib"));
-    EvalContext context(nullptr);
-    context.SetUp();
+    std::optional<EvalContext> context;
+    if (!StartClient(FileLocation(ownPath), context)) {
+        return -1;
+    }
 
     if (commandLine.files.empty()) {
-        RunInteractive(commandLine, &context);
+        RunInteractive(commandLine, &*context);
     } else {
-        RunBatch(commandLine, &context);
+        RunBatch(commandLine, &*context);
     }
     return 0;
 }

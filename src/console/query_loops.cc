@@ -7,6 +7,7 @@
 #include "console/question_chain.h"
 #include "foundation/file_error.h"
 #include "foundation/file_location.h"
+#include "foundation/file_stat.h"
 #include "foundation/read_lines.h"
 
 namespace {
@@ -73,7 +74,12 @@ void RunBatch(const ZendryCommandLine& commandLine, InspectorContext* context) {
     QuestionChain chain(commandLine, context, false);
     for (const char* name : commandLine.files) {
         try {
-            ReadLines(FileLocation(name), chain.questioner);
+            const FileLocation file(name);
+            // One that nobody writes to would hold the console when it is opened, and none can be read by positions.
+            if (FileStat(file).IsFifo()) {
+                throw FileSeekError(ESPIPE, name);
+            }
+            ReadLines(file, chain.questioner);
         } catch (const FileIOError& error) {
             errno = error.Code();
             std::perror(name);

@@ -36,7 +36,7 @@ private:
 environment OwnEnvironment();
 
 // The value of a variable of this program; none where it has no such variable.  Throws as environment does.
-std::optional<std::string> OwnEnvironmentVariable(std::string_view name);
+std::optional<std::string> OwnEnvironmentVariable(std::string_view variable);
 
 // One of them; its texts lie in evaluation memory.
 struct environment_variable {

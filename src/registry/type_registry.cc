@@ -1,6 +1,7 @@
 #include "registry/type_registry.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <functional>
 
 #include "foundation/tuple_text.h"
@@ -81,6 +82,7 @@ TypeRegistry& TypeRegistry::Rebuilt() {
 
 void TypeRegistry::Build() {
     complete_ = false;
+    resolved_.fill({});
     BuildTypes();
     world_ = RegisteredType("");
     boolean_ = RegisteredType("boolean");
@@ -248,8 +250,18 @@ const GuardType* TypeRegistry::TypeByName(std::string_view name) const {
     return name.empty() || name.back() != ')' ? nullptr : TupleByName(name);
 }
 
-// A name in a registration that cannot be read as a type's leaves the entry out, like one that no type has.
+// The registrations of a type mostly spell its name by the same constant, so that a build looks up no more than a
+// fraction of the names that it meets.
 const GuardType* TypeRegistry::ResolvedType(const char* name) const {
+    ResolvedName& known = resolved_[(reinterpret_cast<uintptr_t>(name) >> 2) % resolved_.size()];
+    if (known.name != name) {
+        known = {name, TypeOrNull(name)};
+    }
+    return known.type;
+}
+
+// A name in a registration that cannot be read as a type's leaves the entry out, like one that no type has.
+const GuardType* TypeRegistry::TypeOrNull(const char* name) const {
     try {
         return TypeByName(name);
     } catch (const BadStructuredTypeName&) {

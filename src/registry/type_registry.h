@@ -7,6 +7,7 @@
 #ifndef REGISTRY_TYPE_REGISTRY_H
 #define REGISTRY_TYPE_REGISTRY_H
 
+#include <array>
 #include <map>
 #include <mutex>
 #include <set>
@@ -102,12 +103,21 @@ private:
     GuardType* RegisteredType(std::string_view name) const;
     const GuardType* TupleByName(std::string_view name) const;
     const GuardType* ResolvedType(const char* name) const;
+    const GuardType* TypeOrNull(const char* name) const;
 
     std::vector<PropertyAssociation> propertyTable_;
     std::vector<PropertyAssociation> propertiesByIndex_;
     std::vector<const CastDefinition*> castTable_;
     std::vector<const UnaryAccessor*> unaryTable_;
     std::vector<const BinaryAccessor*> binaryTable_;
+
+    // Names met in the course of a build, by their addresses.
+    struct ResolvedName {
+        const char* name = nullptr;
+        const GuardType* type = nullptr;
+    };
+    mutable std::array<ResolvedName, 512> resolved_{};
+
     std::vector<GuardType*> typeTable_;
 
     mutable std::recursive_mutex tupleMutex_;

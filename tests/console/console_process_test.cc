@@ -67,6 +67,17 @@ TEST(ConsoleProcess, AFileThatCannotBeReadIsReportedAndTheNextIsRead) {
                               ": Not a directory\n" + place.Path() + ": Is a directory\n");
 }
 
+TEST(ConsoleProcess, WhatHasNoPositionsIsReportedAndTheNextFileIsRead) {
+    const TemporaryPlace place;
+    place.File("a", "Q: 1\n");
+    ASSERT_EQ(mkfifo(place.Path("fifo").c_str(), 0600), 0);
+    const Ended run = RunWith({place.Path("fifo"), "/dev/stdin", "/proc/kmsg", "", place.Path("a")}, "Q: 2\n");
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.output, "Q: 1\nA: 1\n\n");
+    EXPECT_EQ(run.errors,
+              place.Path("fifo") + ": Illegal seek\n/dev/stdin: Illegal seek\n/proc/kmsg: Success\nSuccess\n");
+}
+
 TEST(ConsoleProcess, AFinalOutputOptionIsAFileOfThatName) {
     const TemporaryPlace place;
     const Ended missing = RunWith({"-o"}, "", place.Path());
@@ -163,7 +174,11 @@ TEST(ConsoleProcess, AClosedInputIsAnEnd) {
 TEST(ConsoleProcess, AnInputThatCannotBeReadIsAnEnd) {
     Program program({}, Program::Input::Closed, "/");
     EXPECT_EQ(program.Status(), 0);
-    const std::string command = std::string("exec timeout 10 ") + ZENDRY_PROGRAM + " < / ; exit 9";
+    std::string command = "exec env";
+    for (const auto& [name, value] : ExampleAgent()) {
+        command += " " + name + "='" + value + "'";
+    }
+    command += std::string(" timeout 10 ") + ZENDRY_PROGRAM + " < / ; exit 9";
     FILE* pipe = popen(command.c_str(), "r");
     std::string output;
     for (int c = std::fgetc(pipe); c != EOF; c = std::fgetc(pipe)) {

@@ -11,9 +11,22 @@
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
+#include <filesystem>
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
+
+// What the program finds its agent and its crypto library by.
+using Environment = std::map<std::string, std::string>;
+
+inline std::string BuildFolder() { return std::filesystem::path(ZENDRY_PROGRAM).parent_path().parent_path().string(); }
+
+// The setting in which nothing is missing.
+inline Environment ExampleAgent() {
+    return {{"OSLClientConfigPath", BuildFolder() + "/agent/client.conf"},
+            {"OSLClientActionMastheadPath", BuildFolder() + "/agent/actionsite.aqzm"}};
+}
 
 // A started program.  What it writes is gathered until a text is seen or until it ends; one that says nothing for ten
 // seconds is ended.
@@ -21,7 +34,9 @@ class Program {
 public:
     enum class Input { Pipe, Terminal, Closed };
 
-    Program(const std::vector<std::string>& arguments, Input input, const std::string& folder = "") {
+    // Started in `folder`, where one is given, and by the name `called`.
+    Program(const std::vector<std::string>& arguments, Input input, const std::string& folder = "",
+            const Environment& environment = ExampleAgent(), const std::string& called = ZENDRY_PROGRAM) {
         int in[2] = {-1, -1};
         int out[2];
         int err[2];
@@ -30,8 +45,8 @@ public:
             (input == Input::Terminal && openpty(&in[1], &in[0], nullptr, nullptr, nullptr) != 0)) {
             std::abort();
         }
-        std::string program = ZENDRY_PROGRAM;
-        std::vector<char*> argv{program.data()};
+        std::string name = called;
+        std::vector<char*> argv{name.data()};
         std::vector<std::string> copies = arguments;
         for (std::string& argument : copies) {
             argv.push_back(argument.data());
@@ -54,7 +69,14 @@ public:
             if (!folder.empty() && chdir(folder.c_str()) != 0) {
                 _exit(126);
             }
-            execv(program.c_str(), argv.data());
+            for (const char* variable : {"OSLClientConfigPath", "OSLRelayConfigPath", "OSLClientActionMastheadPath",
+                                         "OSL_LIBPATH", "OPENSSL_MODULES", "OPENSSL_CONF"}) {
+                unsetenv(variable);
+            }
+            for (const auto& [variable, value] : environment) {
+                setenv(variable.c_str(), value.c_str(), 1);
+            }
+            execv(ZENDRY_PROGRAM, argv.data());
             _exit(127);
         }
         close(out[1]);

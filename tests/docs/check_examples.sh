@@ -4,6 +4,8 @@
 set -euo pipefail
 zendry=$1
 shift
+. "$(dirname "$(realpath "$0")")/../../scripts/agent.sh"
+in_example_agent "$zendry"
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 passed=0

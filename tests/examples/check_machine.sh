@@ -13,6 +13,8 @@ if [ $# -ne 2 ] || [ ! -x "$1" ] || [ ! -r "$2" ]; then
     exit 2
 fi
 
+. "$(dirname "$(realpath "$0")")/../../scripts/agent.sh"
+in_example_agent "$1"
 run=$(mktemp)
 trap 'rm -f "$run"' EXIT
 "$1" "$2" >"$run" </dev/null || { echo "the console ended with $?"; exit 1; }

@@ -14,6 +14,8 @@ if [ $# -lt 1 ] || [ ! -x "$1" ]; then
     exit 2
 fi
 console=$(realpath "$1")
+. "$(dirname "$(realpath "$0")")/../../scripts/agent.sh"
+in_example_agent "$console"
 shift
 
 if [ $# -eq 0 ]; then

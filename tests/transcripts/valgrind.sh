@@ -17,6 +17,8 @@ if [ ! -x "$program" ]; then
     exit 2
 fi
 
+. "$here/../../scripts/agent.sh"
+in_example_agent "$program"
 report=$(mktemp)
 trap 'rm -f "$report"' EXIT
 failed=0
