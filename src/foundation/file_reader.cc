@@ -7,6 +7,11 @@
 #include <limits>
 
 bool FileReader::HasData() {
+    // What lay behind the position at the last look is most likely still there.  If not, the read gives nothing and the
+    // reader is exhausted.
+    if (!exhausted_ && position_ < static_cast<uint64_t>(length_)) {
+        return true;
+    }
     const int64_t length = path_.Length();
     if (length < 0) {
         return Peek();

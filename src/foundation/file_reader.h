@@ -16,8 +16,8 @@ public:
 
     uint64_t Position() const { return position_; }
 
-    // A file is at its end when the position reaches its length, which is asked for each time, so that a file that
-    // grows gives what was added.  One that has no length is at its end when it has no byte to give.
+    // A file is at its end when the position reaches its length, which is asked for again before that is said, so that
+    // a file that grows gives what was added.  One that has no length is at its end when it has no byte to give.
     bool HasData() override;
     bool AtEnd() override { return !HasData(); }
 
