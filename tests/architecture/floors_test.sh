@@ -5,14 +5,15 @@ set -euo pipefail
 cd "$1"
 floors=(foundation language registry evaluator values inspectors client console)
 
-# Which floors each may include beside itself.
+# Which floors each may include beside itself.  "support" is what stands beside src/: the declarations that the program
+# shares with the libraries that it opens when it runs.
 declare -A below=(
     [foundation]=""
     [language]="foundation"
     [registry]="foundation"
     [evaluator]="foundation language registry"
     [values]="foundation language registry evaluator"
-    [inspectors]="foundation language registry evaluator values"
+    [inspectors]="foundation language registry evaluator values support"
     [client]="foundation language registry evaluator values inspectors"
     [console]="foundation language registry evaluator values inspectors client"
 )

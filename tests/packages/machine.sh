@@ -1,0 +1,145 @@
+#!/usr/bin/env bash
+# machine.sh CONSOLE: what the console says of this machine's packages, against dpkg-query, apt-cache and dpkg.
+#
+# Ends with 77, skipped, where there are no such tools or no package support library for the machine's apt.
+set -euo pipefail
+console=$(realpath "$1")
+export LC_ALL=C
+
+for tool in dpkg-query apt-cache dpkg; do
+    command -v $tool >/dev/null || { echo "skipped: there is no $tool"; exit 77; }
+done
+if [ ! -f "$(dirname "$console")/../OSLLib/DebianApt_6_0.so" ]; then
+    echo "skipped: the package support library was not built"
+    exit 77
+fi
+
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+failed=0
+
+# asked QUESTION: the answers.
+asked() {
+    printf 'Q: %s\n' "$1" >"$work/question"
+    "$console" "$work/question" </dev/null | sed -n 's/^A: //p; s/^E: /E: /p'
+}
+
+# same WHAT: the files "ours" and "theirs" must be the same, and not empty.
+same() {
+    if [ ! -s "$work/theirs" ]; then
+        echo "$1: the other tools say nothing"
+        failed=$((failed + 1))
+    elif ! diff -u "$work/theirs" "$work/ours" >"$work/difference"; then
+        echo "$1: differ (- is theirs, + is ours)"
+        head -20 "$work/difference"
+        failed=$((failed + 1))
+    else
+        echo "$1: $(wc -l <"$work/theirs") agree"
+    fi
+}
+
+installed='packages whose (currently installed of it) of debianpackage'
+
+asked "(name of it & \"|\" & version of it as string & \"|\" & architecture of it) of $installed" | sort >"$work/ours"
+dpkg-query -W -f '${db:Status-Status} ${Package}|${Version}|${Architecture}\n' |
+    sed -n '/^\(not-installed\|config-files\) /!s/^[^ ]* //p' | sort >"$work/theirs"
+same "installed packages"
+asked '(name of base package of it & "|" & it as string & "|" & architecture of it) of installed versions of base packages whose (currently installed of it) of debianpackage' |
+    sort >"$work/ours"
+same "installed versions of base packages"
+
+# The section is the archive's where the archive has the same version, else the package's own.
+asked "(name of it & \"|\" & version of it as string & \"|\" & (section of it | \"\")) of $installed" | sort >"$work/ours"
+{
+    dpkg-query -W -f '${Package}|${Version}|${Section}\n'
+    apt-cache dumpavail | awk '/^Package: / { p = $2 } /^Version: / { v = $2 } /^Section: / { s = $2 }
+        /^$/ { print p "|" v "|" s; s = "" }'
+} | sort -u >"$work/sections"
+comm -12 "$work/ours" "$work/sections" >"$work/theirs"
+same "sections of installed packages"
+
+asked 'names of packages of debianpackage' | sort -u >"$work/ours"
+apt-cache pkgnames | sort -u >"$work/theirs"
+same "names of packages"
+
+# Dependencies, each alternative by itself.
+fields=(PreDepends Depends Recommends Suggests Enhances Breaks Conflicts Replaces)
+asked "(name of item 0 of it, type of item 1 of it & \"|\" & item 1 of it as string & \"|\" & compare_op of item 1 of it & \"|\" & (version of item 1 of it as string | \"\") & \"|\" & critical of item 1 of it as string) of (it, dependencies of it) of $installed" |
+    sed 's/, /|/' | sort -u >"$work/ours"
+dpkg-query -W -f '${db:Status-Status} ${Package}\t${Pre-Depends}\t${Depends}\t${Recommends}\t${Suggests}\t${Enhances}\t${Breaks}\t${Conflicts}\t${Replaces}\n' |
+    sed -n '/^\(not-installed\|config-files\) /!s/^[^ ]* //p' |
+    awk -F '\t' -v fields="${fields[*]}" 'BEGIN { split(fields, type, " ") } {
+        for (f = 2; f <= NF; ++f) {
+            n = split($f, one, / *[,|] */)
+            for (i = 1; i <= n; ++i) {
+                if (one[i] == "") continue
+                op = ""; version = ""; target = one[i]
+                if (match(one[i], /\(.*\)/)) {
+                    inner = substr(one[i], RSTART + 1, RLENGTH - 2)
+                    target = substr(one[i], 1, RSTART - 1)
+                    match(inner, /^[<>=]+/)
+                    op = substr(inner, 1, RLENGTH)
+                    version = substr(inner, RLENGTH + 1)
+                    if (op == "<") op = "<="
+                    if (op == ">") op = ">="
+                }
+                gsub(/ /, "", target); gsub(/ /, "", version)
+                t = type[f - 1]
+                critical = (t == "PreDepends" || t == "Depends" || t == "Breaks" || t == "Conflicts") ? "True" : "False"
+                print $1 "|" t "|" target "|" op "|" version "|" critical
+            }
+        }
+    }' | sort -u >"$work/theirs"
+same "dependencies of installed packages"
+
+: >"$work/ours"
+: >"$work/theirs"
+for name in dpkg bash libc6 perl-base coreutils; do
+    asked "unique values of (it as string) of reverse dependencies of packages \"$name\" of debianpackage" |
+        sed "s/^/$name /" | sort -u >>"$work/ours"
+    apt-cache rdepends "$name" | sed '1,2d; s/^[ |]*//' | sed "s/^/$name /" | sort -u >>"$work/theirs"
+done
+same "reverse dependencies"
+
+# Versions: the parts of every installed one, and a thousand comparisons in random pairs.
+dpkg-query -W -f '${Version}\n' | sed '/^$/d' | sort -u >"$work/versions"
+sed 's/.*/Q: (epoch of it as string \& "|" \& upstream of it as string \& "|" \& (revision of it as string | "none")) of debian package version "&"/' \
+    "$work/versions" >"$work/question"
+"$console" "$work/question" </dev/null | sed -n 's/^A: //p' >"$work/ours"
+sed -E 's/^([^:]*)$/0:\1/' "$work/versions" |
+    sed -E 's/^([^:]*):(.*)-([^-]*)$/\1|\2|\3/; t; s/^([^:]*):(.*)$/\1|\2|none/' >"$work/theirs"
+same "parts of versions"
+
+printf '%s\n' 1.0 1.0-0 1.0-1 1.0~rc1 1.0~rc1-1 1.0+b1 1:0.1 0:1.0 2:1.0~ 1.0~~ 1.0a 1.0.1 1.10 1.9 1.09 09 9 >>"$work/versions"
+awk -v seed="${SEED:-20}" 'BEGIN { srand(seed) } { v[NR] = $0 } END {
+    for (i = 0; i < 1000; ++i) print v[int(rand() * NR) + 1], v[int(rand() * NR) + 1]
+}' "$work/versions" >"$work/pairs"
+sed -E 's/^(.*) (.*)$/Q: (it < "\2") as string \& " " \& (it = debian package version "\2") as string \& " " \& ("\1" <= debian package version "\2") as string of it of debian package version "\1"/' \
+    "$work/pairs" | sed -E 's/^Q: (.*) of it of (.*)$/Q: (\1) of \2/' >"$work/question"
+"$console" "$work/question" </dev/null | sed -n 's/^A: //p' >"$work/ours"
+while read -r a b; do
+    relations=""
+    for relation in lt eq le; do
+        dpkg --compare-versions "$a" $relation "$b" && relations="$relations True" || relations="$relations False"
+    done
+    echo "${relations# }"
+done <"$work/pairs" >"$work/theirs"
+same "comparisons of versions"
+
+# Parts compare like versions that are nothing else, and the epochs like numbers.
+for part in upstream revision; do
+    sed -E 's/^([^:]*:)?//' "$work/versions" | { [ $part = upstream ] && sed -E 's/-[^-]*$//' || sed -nE 's/.*-([^-]*)$/\1/p'; } |
+        sed '/-/d' | sort -u | awk -v seed="${SEED:-20}" 'BEGIN { srand(seed) } { v[NR] = $0 } END {
+            for (i = 0; i < 200; ++i) print v[int(rand() * NR) + 1], v[int(rand() * NR) + 1] }' >"$work/pairs"
+    sed -E "s/^(.*) (.*)\$/Q: (debian package version $part \"\\1\" < \"\\2\") as string/" "$work/pairs" >"$work/question"
+    "$console" "$work/question" </dev/null | sed -n 's/^A: //p' >"$work/ours"
+    while read -r a b; do
+        dpkg --compare-versions "0-$a" lt "0-$b" && echo True || echo False
+    done <"$work/pairs" >"$work/theirs"
+    same "comparisons of $part"
+done
+printf '%s\n' True False False True >"$work/theirs"
+asked '(debian package version epoch "9" < "10"; debian package version epoch "10" < "9"; debian package version epoch "1" < "1"; debian package version epoch "01" = "1")' >"$work/ours"
+same "comparisons of epochs"
+
+[ $failed -eq 0 ] || exit 1
