@@ -4,6 +4,7 @@
 #include "client/fips_mode.h"
 #include "client/inspector_library_list.h"
 #include "client/inspector_settings.h"
+#include "client/process_table.h"
 #include "client/storage_path.h"
 #include "foundation/sha1.h"
 #include "values/string.h"
@@ -36,4 +37,13 @@ void EvalContext::SetUp() {
     sha1OfFile = &Sha1OfFileInEvaluationMemory;
     sha1OfBytes = &Sha1OfBytesInEvaluationMemory;
     status = &FipsStatus;
+
+    processName = &ProcessTable::SGetProcessName;
+    processByName = &ProcessTable::SGetProcessByName;
+    processActive = &ProcessTable::SGetProcessActive;
+    processActiveByName = &ProcessTable::SGetProcessActiveByName;
+    processEntryByName = &ProcessTable::SGetProcessEntryByName;
+    applicationEvent = &ProcessTable::SGetAppEvent;
+    applicationUsage = &ProcessTable::SGetAppUsage;
+    tableInstance = &ProcessTable::SGetInstance;
 }

@@ -3,6 +3,7 @@
 #define CONSOLE_EVAL_CONTEXT_H
 
 #include "evaluator/inspector_context.h"
+#include "evaluator/inspector_process_table_context.h"
 
 // Made on the entry's stack; lives until the query loop has ended.
 class EvalContext final : public InspectorContext,
@@ -10,7 +11,8 @@ class EvalContext final : public InspectorContext,
                           public InspectorLibraryContext,
                           public InspectorNetworkContext,
                           public OSLSettingsContext,
-                          public CryptoInspectorContext {
+                          public CryptoInspectorContext,
+                          public InspectorProcessTableContext {
 public:
     // `host` is for the host's own use and is null in the console.
     explicit EvalContext(void* host) : host_(host) {}

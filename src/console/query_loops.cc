@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <string>
 
+#include "client/process_table.h"
 #include "console/question_chain.h"
 #include "foundation/file_error.h"
 #include "foundation/file_location.h"
@@ -61,6 +62,8 @@ void RunInteractive(const ZendryCommandLine& commandLine, InspectorContext* cont
         if (!ReadQuestionLine(line)) {
             break;
         }
+        // A question sees the processes of its own time; the look at them is left to the first that asks for it.
+        ProcessTable::SGetInstance()->Expire();
         chain.asker.RestartTimer();
         Send(chain.questioner, line);
         chain.questioner.EndOfLine(0, 0);

@@ -160,6 +160,12 @@ struct InspectorActionContextError : InspectorDefinedError {
 struct InspectorPraxelContextError : InspectorDefinedError {
     InspectorPraxelContextError() noexcept : InspectorDefinedError("InspectorPraxelContextError") {}
 };
+struct InspectorRegistrationContextError : InspectorDefinedError {
+    InspectorRegistrationContextError() noexcept : InspectorDefinedError("InspectorRegistrationContextError") {}
+};
+struct HostSelectorInspectorContextError : InspectorDefinedError {
+    HostSelectorInspectorContextError() noexcept : InspectorDefinedError("HostSelectorInspectorContextError") {}
+};
 
 // Says that there is no such thing: throws NoSuchObject.
 [[noreturn]] void NoResults();

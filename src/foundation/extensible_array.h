@@ -10,8 +10,11 @@
 #include <new>
 #include <utility>
 
-template <class T>
+// `First`, a power of two, is the size of the first chunk.
+template <class T, size_t First = 8>
 class ExtensibleArray {
+    static_assert(std::has_single_bit(First));
+
 public:
     ExtensibleArray() = default;
     ExtensibleArray(const ExtensibleArray&) = delete;
@@ -47,9 +50,15 @@ public:
         return *element;
     }
 
+    // The array must not be empty.  Its chunks stay for what is appended next.
+    void RemoveLast() {
+        --size_;
+        Address(size_)->~T();
+    }
+
 private:
     static constexpr size_t kChunks = 24;
-    static constexpr size_t kFirst = 8;
+    static constexpr size_t kFirst = First;
 
     // Chunk c holds the indexes from kFirst * (2^c - 1) up to kFirst * (2^(c+1) - 1).
     static size_t ChunkOf(size_t index) { return std::bit_width(index / kFirst + 1) - 1; }

@@ -69,6 +69,35 @@ TEST(ExtensibleArray, DestroysEveryElementOnce) {
     EXPECT_EQ(Tracked::alive, 0);
 }
 
+TEST(ExtensibleArray, WhatIsRemovedMakesRoom) {
+    {
+        ExtensibleArray<Tracked, 32> array;
+        for (int round = 0; round != 3; ++round) {
+            for (int i = 0; i != 100; ++i) {
+                array.Append(false);
+            }
+            for (int i = 0; i != 99; ++i) {
+                array.RemoveLast();
+            }
+            EXPECT_EQ(array.Size(), static_cast<size_t>(round) + 1);
+            EXPECT_EQ(Tracked::alive, round + 1);
+        }
+    }
+    EXPECT_EQ(Tracked::alive, 0);
+}
+
+TEST(ExtensibleArray, TheFirstChunkHasTheSizeThatIsAskedFor) {
+    ExtensibleArray<int, 32> array;
+    const int* first = &array.Append(0);
+    for (int i = 1; i != 32; ++i) {
+        EXPECT_EQ(&array.Append(i), first + i);
+    }
+    array.Append(32);
+    for (int i = 0; i != 33; ++i) {
+        EXPECT_EQ(array[static_cast<size_t>(i)], i);
+    }
+}
+
 struct alignas(64) Wide {
     char bytes[64];
 };

@@ -52,8 +52,21 @@ TEST(ClientSetting, IsNotSetWhereAnythingFails) {
     store.value = "on";
     store.failing = true;
     EXPECT_FALSE(ClientSettingIs("switch", "on"));
+    EXPECT_EQ(ClientSettingText("switch"), std::nullopt);
     store.failing = false;
     EXPECT_TRUE(ClientSettingIs("switch", "on"));
+}
+
+TEST(ClientSetting, IsGivenAsItIsWritten) {
+    EXPECT_EQ(ClientSettingText("switch"), std::nullopt);
+    Host host;
+    host.settingStore = []() -> InspectorSettingStore* { return &store; };
+    InspectorContextMaintainer installed(&host);
+    store.value = " One,TWO ";
+    EXPECT_EQ(ClientSettingText("switch"), " One,TWO ");
+    EXPECT_EQ(ClientSettingText("other"), std::nullopt);
+    store.value.reset();
+    EXPECT_EQ(ClientSettingText("switch"), std::nullopt);
 }
 
 }  // namespace
