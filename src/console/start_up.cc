@@ -70,6 +70,6 @@ bool StartClient(const FileLocation& program, std::optional<EvalContext>& contex
     }
     InspectorLibraryList::Add(0, "HostApplication");
     context.emplace(nullptr);
-    context->SetUp();
+    context->SetUp(true);
     return true;
 }

@@ -265,7 +265,8 @@ std::string TextOf(const FileLocation& parent, std::string_view name) {
 }
 
 TEST_F(StoragePathTree, InspectorsGetTheirPlacesThroughAFactory) {
-    const SiteMap site{"some site"};
+    SiteMap site;
+    site.folderName = "some site";
     EXPECT_EQ(InspectorStoragePath::InspectorSiteDataLocation(TextOf, FileLocation("/a/b")), "/a/b/__Local");
     EXPECT_EQ(InspectorStoragePath::InspectorSiteAdviceLocation(TextOf, "name"), Storage("__OSLData/name"));
     EXPECT_EQ(InspectorStoragePath::InspectorProfileFileLocation(TextOf, site),

@@ -1,4 +1,4 @@
-#include "console/version_strings.h"
+#include "foundation/version_strings.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 // What the program says of itself: the version record that the host's inspectors and packagers read.
-#ifndef CONSOLE_VERSION_STRINGS_H
-#define CONSOLE_VERSION_STRINGS_H
+#ifndef FOUNDATION_VERSION_STRINGS_H
+#define FOUNDATION_VERSION_STRINGS_H
 
 #include <map>
 #include <string>

@@ -1,0 +1,29 @@
+// A small host with every context that a host can lend, each in a file of its own: what an agent is to the inspectors.
+//
+// A test that is about one context derives a host of its own from InspectorContext and that part; to lend one more to
+// all tests, write host_<context>.h and add it here.
+#ifndef TESTS_HOST_EMBEDDING_HOST_H
+#define TESTS_HOST_EMBEDDING_HOST_H
+
+#include "tests/host/host_actions.h"
+#include "tests/host/host_analyses.h"
+#include "tests/host/host_praxels.h"
+#include "tests/host/host_settings.h"
+#include "tests/host/host_sites.h"
+#include "tests/host/host_system.h"
+
+struct EmbeddingHost : InspectorContext,
+                       HostActions,
+                       HostAnalyses,
+                       HostPraxels,
+                       HostRestarts,
+                       HostSettings,
+                       HostSites,
+                       HostStorage,
+                       HostSystem {};
+
+// A host that has the interface `Interface`, with all its entries empty.
+template <class Interface>
+struct EmptyHost : InspectorContext, Interface {};
+
+#endif
