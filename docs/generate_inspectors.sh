@@ -278,6 +278,12 @@ BEGIN {
     print "| Type | Derived from | Phrases | Conversions | Operators |"
     print "|---|---|---|---|---|"
 }
+# The many types of firmware structures stand apart.
+function is_apart(name) { return name ~ /^dmi ./ }
+function row(name) {
+    print "| " link(name) " | " (parent[name] == "-" ? "" : link(parent[name])) " | " phrases[name] + 0 " | " \
+        casts[name] + 0 " | " operators[name] + 0 " |"
+}
 $1 == "type" { names[++types] = $2 }
 $1 == "property" { ++phrases[$5 == "-" ? "" : $5] }
 $1 == "cast" { ++casts[$3] }
@@ -288,12 +294,19 @@ $1 == "binary" {
         ++operators[$4]
 }
 END {
-    for (i = 1; i <= types; ++i) {
-        name = names[i]
-        if (page_of(name) == name)
-            print "| " link(name) " | " (parent[name] == "-" ? "" : link(parent[name])) " | " phrases[name] + 0 " | " \
-                casts[name] + 0 " | " operators[name] + 0 " |"
-    }
+    for (i = 1; i <= types; ++i)
+        if (page_of(names[i]) == names[i] && !is_apart(names[i]))
+            row(names[i])
+    print ""
+    print "## Structures of the firmware"
+    print ""
+    print "What [dmi](dmi.md) gives, a type for each kind of structure."
+    print ""
+    print "| Type | Derived from | Phrases | Conversions | Operators |"
+    print "|---|---|---|---|---|"
+    for (i = 1; i <= types; ++i)
+        if (is_apart(names[i]))
+            row(names[i])
 }
 AWK
 
