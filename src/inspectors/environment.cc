@@ -116,8 +116,8 @@ const std::vector<EnvironmentEntry>& environment::Variables() const {
 
 environment OwnEnvironment() { return environment(std::to_string(getpid())); }
 
-std::optional<std::string> OwnEnvironmentVariable(std::string_view name) {
-    const environment own = OwnEnvironment();
-    const EnvironmentEntry* entry = Find(name, own.Variables());
+std::optional<std::string> OwnEnvironmentVariable(std::string_view variable) {
+    const environment mine = OwnEnvironment();
+    const EnvironmentEntry* entry = Find(variable, mine.Variables());
     return entry == nullptr ? std::nullopt : std::optional<std::string>(entry->value);
 }
