@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cstring>
 
 #include "evaluator/adapters.h"
 #include "inspectors/privileges.h"
@@ -70,7 +71,14 @@ inspector_string Name(const environment_variable& variable) { return variable.na
 inspector_string Value(const environment_variable& variable) { return variable.value; }
 
 inspector_string AsString(const environment_variable& variable) {
-    return JoinedString({variable.name.View(), " = ", variable.value.View()});
+    constexpr std::string_view kBetween = " = ";
+    const size_t length = variable.name.length + kBetween.size() + variable.value.length;
+    char* const text = static_cast<char*>(InspectorAllocate(length));
+    char* out = text;
+    for (std::string_view piece : {variable.name.View(), kBetween, variable.value.View()}) {
+        out += piece.copy(out, piece.size());
+    }
+    return {text, length};
 }
 
 // clang-format off
@@ -109,7 +117,7 @@ const std::vector<EnvironmentEntry>& environment::Variables() const {
 environment OwnEnvironment() { return environment(std::to_string(getpid())); }
 
 std::optional<std::string> OwnEnvironmentVariable(std::string_view variable) {
-    const environment process = OwnEnvironment();
-    const EnvironmentEntry* entry = Find(variable, process.Variables());
+    const environment mine = OwnEnvironment();
+    const EnvironmentEntry* entry = Find(variable, mine.Variables());
     return entry == nullptr ? std::nullopt : std::optional<std::string>(entry->value);
 }

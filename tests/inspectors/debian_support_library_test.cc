@@ -137,8 +137,8 @@ TEST(DebianSupportLibrary, DISABLED_PrintsItsReport) {
 
 TEST(DebianSupportLibrary, ReportsEveryNameThatItTried) {
     const TemporaryPlace place;
-    const auto known = AptLibraryVersionInfoStore::Known([](const char*) { return false; });
-    for (const std::string& name : known.Candidates()) {
+    const auto store = AptLibraryVersionInfoStore::Known([](const char*) { return false; });
+    for (const std::string& name : store.Candidates()) {
         place.File(name, "no library");
     }
     const std::string command = "LD_LIBRARY_PATH='" + place.Path() + "' '" +
