@@ -3,7 +3,6 @@
 // A selected server points at the selector's entry.  With nothing chosen there is no selected server; a choice whose
 // entry is missing is a fault of the host, which each property tells with its own line.
 #include <optional>
-#include <source_location>
 
 #include "evaluator/adapters.h"
 #include "evaluator/host_selector_inspector_context.h"
@@ -25,11 +24,10 @@ struct InspectorTypeInfo<selected_server> : InspectorTypeBasics<selected_server,
 
 namespace {
 
-// Kept as it stands: the fault names the file by which hosts know these inspectors.
-const HostSelectorEntry& EntryOf(const selected_server& server,
-                                 std::source_location accessor = std::source_location::current()) {
+// Kept as it stands: the fault names the file by which hosts know these inspectors, and the line of the accessor.
+const HostSelectorEntry& EntryOf(const selected_server& server, int line = __builtin_LINE()) {
     if (server.entry == nullptr) {
-        throw InspectorInternalError("h/HostSelectorInspectors", static_cast<int>(accessor.line()));
+        throw InspectorInternalError("h/HostSelectorInspectors", line);
     }
     return *server.entry;
 }
