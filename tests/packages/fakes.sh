@@ -8,6 +8,8 @@ set -euo pipefail
 console=$(realpath "$1")
 fakes=$(realpath "$2")
 here=$(cd "$(dirname "$0")" && pwd)
+. "$here/../../scripts/agent.sh"
+in_example_agent "$console"
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 work=$(realpath "$work")
@@ -21,6 +23,7 @@ place() {
     rm -rf "$work/place"
     mkdir -p "$work/place/bin" "$work/place/OSLLib" "$work/place/lib"
     ln "$console" "$work/place/bin/zendry" 2>/dev/null || cp "$console" "$work/place/bin/zendry"
+    ln -s "$(dirname "$console")"/libOSLcrypto_*.so "$work/place/bin/"
     local name
     for name in "${names[@]}"; do
         echo "no library" >"$work/place/lib/$name"
