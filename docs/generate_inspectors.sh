@@ -87,7 +87,7 @@ $1 == "type" {
 }
 $1 == "property" {
     fact(object_of($5), "c asked", $2, $3, $6, $7, $4)
-    fact($6, "g from property", object_of($5), phrase($2, $4))
+    fact($6, "g from", object_of($5), 1, phrase($2, $4))
     if ($4 != "-")
         fact($4, "k index", object_of($5), phrase($2, $4))
     # What a type can be asked, the types derived from it can be asked too.
@@ -102,16 +102,17 @@ $1 == "property" {
 }
 $1 == "cast" {
     fact($3, "e cast", $2, $4)
-    fact($4, "h from cast", $3, "as " $2)
+    fact($4, "g from", $3, 2, "as " $2)
 }
+# The operators that a type stands on the left of come before those that it only stands on the right of.
 $1 == "unary" {
-    fact($3, "f operator", $2 " <" $3 ">", $4)
+    fact($3, "f operator", 1, $2 " <" $3 ">", $4)
     fact($4, "i from operator", $2, "", $3)
 }
 $1 == "binary" {
-    fact($3, "f operator", "<" $3 "> " $2 " <" $4 ">", $5)
+    fact($3, "f operator", 1, "<" $3 "> " $2 " <" $4 ">", $5)
     if ($3 != $4)
-        fact($4, "f operator", "<" $3 "> " $2 " <" $4 ">", $5)
+        fact($4, "f operator", 2, "<" $3 "> " $2 " <" $4 ">", $5)
     fact($5, "i from operator", $2, $3, $4)
 }
 AWK
@@ -120,6 +121,8 @@ cat >"$work/pages.awk" <<'AWK'
 BEGIN {
     FS = "\t"
     remember_types(vocabulary)
+    # So many phrases or conversions that only their words tell apart are told in one list instead of a row for each.
+    FAMILY = 20
 }
 function out(text) { print text > (folder "/" file_of(page)) }
 function code(text) { return "`" text "`" }
@@ -141,6 +144,74 @@ function flush_row() {
         out(row row_end)
     row = row_key = ""
 }
+# The rows of a section are held back until all are there: the families among them go below the table.
+function keep(words, columns, family, sentence) {
+    ++kept
+    kept_words[kept] = words
+    kept_row[kept] = columns
+    kept_family[kept] = family
+    ++members[family]
+    sentence_of[family] = sentence
+}
+function write_kept(columns,    i, begun, family, list, order, count) {
+    for (i = 1; i <= kept; ++i) {
+        family = kept_family[i]
+        if (members[family] <= FAMILY) {
+            if (!begun++)
+                table(columns)
+            out(kept_row[i])
+        } else if (family in list)
+            list[family] = list[family] ", " kept_words[i]
+        else {
+            list[family] = kept_words[i]
+            order[++count] = family
+        }
+    }
+    for (i = 1; i <= count; ++i) {
+        if (begun || i > 1)
+            out("")
+        out(sentence_of[order[i]] ": " list[order[i]] ".")
+    }
+    kept = 0
+    delete members
+}
+# What is known only behind a section's last fact.
+function end_section() {
+    flush_row()
+    if (section == "c asked") {
+        keep_phrase()
+        write_kept("| Phrase | Plural | Index | Result |")
+    } else if (section == "e cast")
+        write_kept("| Written | Result |")
+    else if (section == "i from operator")
+        write_operands()
+}
+function keep_phrase(    result) {
+    if (phrase_key == "")
+        return
+    result = link(phrase_result) (phrase_many == "many" ? ", multivalued" : "")
+    keep(code(phrase_name) " (" code(phrase_plural) ")",
+        "| " code(phrase_name) " | " code(phrase_plural) " | " phrase_indexes " | " result " |",
+        phrase_indexes "\t" result,
+        "Each of these gives " result (phrase_indexes == "" ? "" : ", with one of these as its index: " phrase_indexes))
+    phrase_key = ""
+}
+# An operator that very many types have is told on their pages.
+function write_operands() {
+    if (operator == "")
+        return
+    out("| " code(operator) " | " (pairs > FAMILY ? pairs " pairs of types, told on their pages" : operands) " |")
+    operator = ""
+}
+function end_type() {
+    if (!asked)
+        nothing_asked()
+}
+function nothing_asked() {
+    asked = 1
+    out("")
+    out("Nothing is asked of it.")
+}
 function start_row(key, text, end) {
     flush_row()
     row_key = key
@@ -155,6 +226,7 @@ function begin_page() {
 }
 function begin_type() {
     level = "## "
+    asked = 0
     if (type != page) {
         out("")
         out("## " type)
@@ -169,29 +241,38 @@ function begin_type() {
         out("Size " size[type] ". Derived from " link(parent[type]) ", and passes wherever that does.")
 }
 function begin_section(name) {
-    if (name == "a type" || name == "b derived" || name == "d inherited")
+    if (name == "a type" || name == "b derived")
         return
-    if (name == "c asked") {
+    if (name == "c asked" || name == "d inherited")
+        asked = 1
+    if (!asked)
+        nothing_asked()
+    if (name == "d inherited")
+        return
+    if (name == "c asked")
         heading("Asked of it")
-        table("| Phrase | Plural | Index | Result |")
-    } else if (name == "e cast") {
+    else if (name == "e cast")
         heading("Conversions")
-        table("| Written | Result |")
-    } else if (name == "f operator") {
+    else if (name == "f operator") {
         heading("Operators")
         table("| Written | Result |")
     } else if (name == "k index") {
         heading("Where it is an index")
         table("| Asked of | Phrases |")
-    } else if (!from_told) {
-        from_told = 1
+    } else if (name == "g from") {
         heading("Where it comes from")
         table("| From | Phrases |")
+    } else {
+        heading("Operators that give it")
+        table("| Operator | Operands |")
     }
 }
 
 $1 != page || NR == 1 {
-    flush_row()
+    if (NR > 1) {
+        end_section()
+        end_type()
+    }
     if (NR > 1)
         close(folder "/" file_of(page))
     page = $1
@@ -199,14 +280,16 @@ $1 != page || NR == 1 {
     type = section = "none yet"
 }
 $2 != type {
-    flush_row()
+    if (type != "none yet") {
+        end_section()
+        end_type()
+    }
     type = $2
     section = "none yet"
-    from_told = 0
     begin_type()
 }
 $3 != section {
-    flush_row()
+    end_section()
     section = $3
     begin_section(section)
 }
@@ -221,10 +304,16 @@ section == "b derived" {
 section == "c asked" {
     key = $4 "\t" $5 "\t" $6 "\t" $7
     index_type = $8 == "-" ? "" : link($8)
-    if (row_key != key)
-        start_row(key, "| " code($4) " | " code($5) " | " index_type, " | " link($6) ($7 == "many" ? ", multivalued" : "") " |")
-    else
-        row = row (row ~ /\| $/ ? "none, " : ", ") index_type
+    if (phrase_key != key) {
+        keep_phrase()
+        phrase_key = key
+        phrase_name = $4
+        phrase_plural = $5
+        phrase_result = $6
+        phrase_many = $7
+        phrase_indexes = index_type
+    } else
+        phrase_indexes = (phrase_indexes == "" ? "none" : phrase_indexes) ", " index_type
 }
 section == "d inherited" {
     if (row_key != $5) {
@@ -237,23 +326,32 @@ section == "d inherited" {
         last = $6
     }
 }
-section == "e cast" { out("| " code("<" type "> as " $4) " | " link($5) " |") }
-section == "f operator" { out("| " code($4) " | " link($5) " |") }
-section == "g from property" || section == "h from cast" || section == "k index" {
+section == "e cast" {
+    keep(code("as " $4), "| " code("<" type "> as " $4) " | " link($5) " |", $5, "Each of these gives " link($5))
+}
+section == "f operator" { out("| " code($5) " | " link($6) " |") }
+section == "g from" || section == "k index" {
+    words = code(section == "g from" ? $6 : $5)
     if (row == "" || row_key != $4)
-        start_row($4, "| " link($4) " | " code($5), " |")
+        start_row($4, "| " link($4) " | " words, " |")
     else
-        row = row ", " code($5)
+        row = row ", " words
 }
 section == "i from operator" {
-    pair = $5 == "" ? link($6) " alone" : $5 == $6 ? link($5) : link($5) " and " link($6)
-    if (row_key != $4)
-        start_row($4, "| " code($4) " | on " pair, " |")
-    else
-        row = row "; " pair
+    pair = $5 == "" ? link($6) " alone" : $5 == $6 ? link($5) " twice" : link($5) " and " link($6)
+    if (operator != $4) {
+        write_operands()
+        operator = $4
+        operands = pair
+        pairs = 1
+    } else {
+        operands = operands "; " pair
+        ++pairs
+    }
 }
 END {
-    flush_row()
+    end_section()
+    end_type()
     if (NR > 0)
         close(folder "/" file_of(page))
 }
@@ -272,6 +370,11 @@ BEGIN {
     print "where such a value comes from, and where it stands behind a phrase as its index. `<integer>` in a phrase stands for"
     print "a value of that type. A phrase marked \"multivalued\" walks any number of values, or gathers all of a plural into"
     print "one; every phrase, whether so marked or not, is written in its plural spelling where several answers are wanted."
+    print "The size of a type is what `size of type` answers. The counts below are of a type's own: what it shares with the type"
+    print "that it is derived from is told on its page."
+    print ""
+    print "The pages tell the operators that are registered. The other comparisons are made of these: `!=` of `=`, `>` and `>=`"
+    print "of `<` and `<=` with the operands exchanged, `is contained by` of `contains`, and each has its spelling in words."
     print ""
     print "Begin with [the world](world.md): what is asked with no \"of\" behind it."
     print ""

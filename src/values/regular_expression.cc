@@ -53,6 +53,9 @@ bool CompiledExpression::Search(const inspector_string& subject, size_t from, re
     if (subject.length > INT_MAX) {
         throw NoSuchObject();
     }
+    if (from > subject.length) {
+        throw InspectorInternalError("c/regular_expression_match", 53);
+    }
     regmatch_t whole;
     regmatch_t& range = count == 0 ? whole : parts[0];
     range.rm_so = static_cast<regoff_t>(from);
@@ -66,6 +69,9 @@ bool CompiledExpression::Search(const inspector_string& subject, size_t from, re
 }
 
 substring regular_expression_match::Part(size_t n) const {
+    if (n >= count_) {
+        throw InspectorInternalError("c/regular_expression_match", 86);
+    }
     if (parts_[n].rm_so < 0) {
         return {Offset(), 0, Parent()};
     }

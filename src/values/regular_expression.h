@@ -36,7 +36,8 @@ public:
     // Looks for the leftmost match that begins at `from` or behind it.  What lies before `from` is seen by anchors of
     // words; only the start 0 may be taken for the start of a line.  Fills `count` parts with offsets in `subject`, or
     // -1 for a part that took none; with no parts wanted the search is cheaper.
-    // Throws NoSuchObject for a subject beyond what an offset holds, std::bad_alloc.
+    // Throws NoSuchObject for a subject beyond what an offset holds, InspectorInternalError for a start behind its end,
+    // std::bad_alloc.
     bool Search(const inspector_string& subject, size_t from, regmatch_t* parts, size_t count) const;
 
 private:
@@ -66,7 +67,8 @@ public:
           count_(count) {}
 
     size_t PartCount() const { return count_; }
-    // The part n, below the count.  One that took no part in the match is empty, at the match's start.
+    // The part n.  One that took no part in the match is empty, at the match's start.  Throws InspectorInternalError
+    // for an n that is not below the count.
     substring Part(size_t n) const;
 
     ConstData PartsData() const { return {parts_, count_ * sizeof(regmatch_t)}; }

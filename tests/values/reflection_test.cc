@@ -119,6 +119,16 @@ TEST(Reflection, ATuplesTypeIsTheOneThatQuestionsMeet) {
     EXPECT_EQ(*static_cast<const GuardType* const*>(value), tuple);
 }
 
+TEST(Reflection, ItsTypesHaveNoFingerprintAndNoParent) {
+    for (const char* name : {"type", "property", "cast", "binary operator", "unary operator"}) {
+        const GuardType* type = TypeRegistry::Instance().TypeByName(name);
+        ASSERT_NE(type, nullptr) << name;
+        EXPECT_EQ(type->fingerprint, nullptr) << name;
+        EXPECT_EQ(type->parent, nullptr) << name;
+        EXPECT_EQ(type->size, 4u) << name;
+    }
+}
+
 // A name that is read level by level is not read without end, and no name that is none leaves anything behind.
 TEST(Reflection, NamesOfTypesMayBeAnyText) {
     // Longer than a text may be written.

@@ -164,6 +164,17 @@ TEST(CompiledExpression, ASubjectBeyondAnOffsetIsRefused) {
     EXPECT_THROW(expression.Search(String("a", size_t{INT_MAX} + 1), 0, nullptr, 0), NoSuchObject);
 }
 
+TEST(CompiledExpression, ASearchBehindTheEndIsRefused) {
+    const CompiledExpression expression("a*", REG_EXTENDED);
+    EXPECT_TRUE(expression.Search(String("ab", 2), 2, nullptr, 0));
+    try {
+        expression.Search(String("ab", 2), 3, nullptr, 0);
+        FAIL();
+    } catch (const InspectorInternalError& error) {
+        EXPECT_STREQ(error.what(), "Inspector internal error (file: c/regular_expression_match line: 53)");
+    }
+}
+
 TEST(RegexEscape, ATextWithoutSpecialBytesIsGivenAsItStands) {
     StackAllocator<512> memory;
     AllocatorInstaller installed(memory);
@@ -196,6 +207,19 @@ TEST(RegularExpressionMatch, ItsPartsLieInTheParentOfTheMatch) {
     EXPECT_EQ(match.Part(1).Parent().length, 3u);
     EXPECT_EQ(match.Part(2).Offset(), 1u);
     EXPECT_EQ(match.Part(2).length, 0u);
+}
+
+TEST(RegularExpressionMatch, APartBehindTheLastIsRefused) {
+    const String subject("abc", 3);
+    const regmatch_t parts[] = {{0, 2}, {0, 1}};
+    const regular_expression_match match(parts, 2, subject);
+    EXPECT_EQ(match.Part(1).length, 1u);
+    try {
+        match.Part(2);
+        FAIL();
+    } catch (const InspectorInternalError& error) {
+        EXPECT_STREQ(error.what(), "Inspector internal error (file: c/regular_expression_match line: 86)");
+    }
 }
 
 TEST(RegularExpressionMatch, ItsPartsCountInItsFingerprint) {
