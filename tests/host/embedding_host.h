@@ -8,6 +8,9 @@
 #include "tests/host/host_actions.h"
 #include "tests/host/host_analyses.h"
 #include "tests/host/host_praxels.h"
+#include "tests/host/host_processes.h"
+#include "tests/host/host_registration.h"
+#include "tests/host/host_servers.h"
 #include "tests/host/host_settings.h"
 #include "tests/host/host_sites.h"
 #include "tests/host/host_system.h"
@@ -16,7 +19,10 @@ struct EmbeddingHost : InspectorContext,
                        HostActions,
                        HostAnalyses,
                        HostPraxels,
+                       HostProcesses,
+                       HostRegistration,
                        HostRestarts,
+                       HostServers,
                        HostSettings,
                        HostSites,
                        HostStorage,
