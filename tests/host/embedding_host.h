@@ -1,4 +1,4 @@
-// A small host with every context that a host can lend, each in a file of its own: what an agent is to the inspectors.
+// A small host with every context that an agent can lend, each in a file of its own: what an agent is to inspectors.
 //
 // A test that is about one context derives a host of its own from InspectorContext and that part; to lend one more to
 // all tests, write host_<context>.h and add it here.
