@@ -23,12 +23,12 @@ foreach(name IN LISTS ZENDRY_CRYPTO_NAMES)
 endforeach()
 foreach(header crypto_names crypto_wrappers)
     configure_file(${CMAKE_CURRENT_SOURCE_DIR}/src/foundation/${header}.h.in
-                   ${CMAKE_BINARY_DIR}/generated/foundation/${header}.h @ONLY)
+                   ${zendry_BINARY_DIR}/generated/foundation/${header}.h @ONLY)
 endforeach()
 
 # Lets a target's units include the headers made here, and OpenSSL's for the signatures; nothing is linked.
 function(zendry_bind_crypto target)
-    target_include_directories(${target} SYSTEM PRIVATE ${CMAKE_SOURCE_DIR}/support/crypto ${OPENSSL_INCLUDE_DIR})
-    target_include_directories(${target} PRIVATE ${CMAKE_BINARY_DIR}/generated)
+    target_include_directories(${target} SYSTEM PRIVATE ${zendry_SOURCE_DIR}/support/crypto ${OPENSSL_INCLUDE_DIR})
+    target_include_directories(${target} PRIVATE ${zendry_BINARY_DIR}/generated)
     target_compile_definitions(${target} PRIVATE OPENSSL_SUPPRESS_DEPRECATED)
 endfunction()

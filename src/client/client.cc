@@ -26,7 +26,7 @@ std::optional<client> Client() {
 // What the host last registered with; none for what it does not know.
 template <auto Field>
 std::optional<inspector_string> RegistrationText(const client&) {
-    const ClientRegistration* const registration = OfSystem<&InspectorSystemContext::registration>()();
+    const RegisteredAddresses* const registration = OfSystem<&InspectorSystemContext::registration>()();
     return registration != nullptr && !(registration->*Field).empty()
                ? std::optional<inspector_string>(inspector_string(registration->*Field))
                : std::nullopt;
@@ -36,10 +36,10 @@ std::optional<ipv4or6_inspector_address> RegistrationAddressAt(const client& obj
     const std::optional<inspector_string> text = RegistrationText<Field>(object);
     return text ? ipv4or6_inspector_address::Parse(text->View()) : std::nullopt;
 }
-constexpr auto RegistrationAddress = RegistrationAddressAt<&ClientRegistration::address>;
-constexpr auto RegistrationSubnetAddress = RegistrationAddressAt<&ClientRegistration::subnetAddress>;
-constexpr auto RegistrationCidrAddress = RegistrationText<&ClientRegistration::cidrAddress>;
-constexpr auto RegistrationMacAddress = RegistrationText<&ClientRegistration::macAddress>;
+constexpr auto RegistrationAddress = RegistrationAddressAt<&RegisteredAddresses::address>;
+constexpr auto RegistrationSubnetAddress = RegistrationAddressAt<&RegisteredAddresses::subnetAddress>;
+constexpr auto RegistrationCidrAddress = RegistrationText<&RegisteredAddresses::cidrAddress>;
+constexpr auto RegistrationMacAddress = RegistrationText<&RegisteredAddresses::macAddress>;
 
 inspector_string Brand(const client&) { return inspector_string(cRESERVED_COMPANY_NAME); }
 

@@ -9,7 +9,7 @@
 struct SiteMap;
 
 // The addresses that the agent last registered with, as texts; an empty one is not known.
-struct ClientRegistration {
+struct RegisteredAddresses {
     std::string_view address;
     std::string_view subnetAddress;
     std::string_view cidrAddress;
@@ -24,7 +24,7 @@ public:
     std::optional<int64_t> (*computerId)() = nullptr;
 
     // The host's, and good until it registers again; null before it ever has.
-    const ClientRegistration* (*registration)() = nullptr;
+    const RegisteredAddresses* (*registration)() = nullptr;
 
     // Microseconds since the start of 1970 in universal time.
     std::optional<int64_t> (*lastCommandTime)() = nullptr;

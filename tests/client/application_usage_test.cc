@@ -6,7 +6,8 @@
 #include "client/process_table.h"
 #include "client/stat_file.h"
 #include "tests/foundation/temporary_place.h"
-#include "tests/host/process_table_host.h"
+#include "tests/host/host_processes.h"
+#include "tests/host/host_settings.h"
 #include "tests/inspectors/ask.h"
 
 namespace {
@@ -16,16 +17,22 @@ using Records = std::vector<StatRecord>;
 constexpr int64_t kSecond = 1000000;
 constexpr int64_t kMarch = 920937600 * kSecond;  // Tue, 09 Mar 1999 00:00:00 +0000
 
+struct ProcessTableHost : InspectorContext, HostProcesses, HostSettings, HostStorage {};
+
 class Usage : public testing::Test {
 protected:
-    Usage() { ProcessTableHost::storage = place_.Location(); }
+    Usage() { host_.storage = place_.Location(); }
 
     Answer AskHost(std::string_view question) { return Ask(question, &host_); }
 
-    static void Set(const std::string& name, const std::string& value) {
-        ProcessTableHost::settings.values["_OSLClient_UsageManager_" + name] = value;
+    void Set(const std::string& name, const std::string& value) {
+        Unset(name);
+        Settings().push_back({kPrefix + name, value, {}, {}});
     }
-    static void Enable(const std::string& applications = "one,two,gone") {
+    void Unset(const std::string& name) {
+        std::erase_if(Settings(), [&](const StoredSetting& setting) { return setting.name == kPrefix + name; });
+    }
+    void Enable(const std::string& applications = "one,two,gone") {
         Set("EnableAppUsage", "1");
         Set("EnableAppUsageSummary", "1");
         Set("EnableAppUsageSummaryApps", applications);
@@ -37,6 +44,10 @@ protected:
 
     TemporaryPlace place_;
     ProcessTableHost host_;
+
+private:
+    static inline const std::string kPrefix = "_OSLClient_UsageManager_";
+    std::vector<StoredSetting>& Settings() { return host_.ofAgent.subsections["Client"]; }
 };
 
 TEST_F(Usage, EachSwitchIsOffUntilItIsSet) {
@@ -78,14 +89,13 @@ TEST_F(Usage, ASummaryOfAnotherNameIsRefused) {
     const std::string half(200, 'n');
     EXPECT_EQ(AskHost("names of application usage summaries (\"" + half + "\" & \"" + half + "\")").text,
               "application usage summary " + half + half + " not configured for tracking");
-    ProcessTableHost::settings.values.erase("_OSLClient_UsageManager_EnableAppUsageSummaryApps");
+    Unset("EnableAppUsageSummaryApps");
     EXPECT_EQ(AskHost("name of application usage summary \"one\""), Fails("ausNameInspectorDefinedError"));
 }
 
 TEST_F(Usage, ApplicationUsageGivesEachRun) {
     Enable();
-    ProcessTableHost::runs = {
-        {1, 0, 0, true, "/bin/one"}, {2, 0, 0, true, "/bin/two"}, {3, 0, 0, false, "/usr/bin/one"}};
+    host_.runs = {{1, 0, 0, true, "/bin/one"}, {2, 0, 0, true, "/bin/two"}, {3, 0, 0, false, "/usr/bin/one"}};
     EXPECT_EQ(AskHost("number of application usages \"one\""), Values({"2"}));
     EXPECT_EQ(AskHost("exists application usage \"two\""), Values({"True"}));
     EXPECT_EQ(AskHost("exists application usages \"none\""), Values({"False"}));
@@ -195,7 +205,7 @@ TEST_F(Usage, SummariesAreTheFilesByName) {
 
 TEST_F(Usage, RunningIsAskedOfTheTable) {
     Enable();
-    ProcessTableHost::runs = {{1, 0, 0, true, "/bin/one"}, {2, 0, 0, false, "/bin/two"}};
+    host_.runs = {{1, 0, 0, true, "/bin/one"}, {2, 0, 0, false, "/bin/two"}};
     EXPECT_EQ(AskHost("running of application usage summary \"one\""), Values({"True"}));
     EXPECT_EQ(AskHost("runnings of application usage summaries \"two\""), Values({"False"}));
 }
@@ -205,7 +215,7 @@ TEST_F(Usage, RunsThatEndedUnderTheTableCountAtOnce) {
     const TemporaryPlace listing;
     const std::string folder = listing.Path() + "/";
     ProcessTable table(folder);
-    ProcessTableHost::table = &table;
+    host_.table = &table;
     Store("one.stat", StatFileBytes(Records{kOld}));
     EXPECT_EQ(AskHost("total run count of application usage summary \"one\""), Values({"3"}));
     listing.Folder("7");
@@ -223,10 +233,10 @@ TEST_F(Usage, RunsThatEndedUnderTheTableCountAtOnce) {
 }
 
 TEST_F(Usage, WhatTheHostLacksIsSaid) {
-    class SettingsHost : public InspectorContext, public OSLSettingsContext {
+    struct : InspectorContext, HostSettings {
     } bare;
-    bare.settingStore = host_.settingStore;
     Enable();
+    bare.ofAgent = host_.ofAgent;
     const std::string questions[] = {"exists application usage \"one\"",   "exists application usage summary \"one\"",
                                      "exists application usage summaries", "exists running applications",
                                      "exists recent applications",         "exists running application \"one\"",
@@ -235,7 +245,7 @@ TEST_F(Usage, WhatTheHostLacksIsSaid) {
         EXPECT_EQ(Ask(question, &bare), Fails("NoInspectorContext")) << question;
     }
     ProcessTableHost lacking;
-    Enable();
+    lacking.ofAgent = host_.ofAgent;
     lacking.processName = nullptr;
     lacking.processActiveByName = nullptr;
     lacking.applicationUsage = nullptr;
@@ -243,7 +253,6 @@ TEST_F(Usage, WhatTheHostLacksIsSaid) {
         EXPECT_EQ(Ask(question, &lacking), Fails("InspectorProcessTableContextError")) << question;
     }
     host_.getGlobalLocation = nullptr;
-    Enable();
     EXPECT_EQ(AskHost("exists application usage summaries"), Fails("InspectorStorageContextError"));
     // Without settings every switch is off.
     EXPECT_EQ(Ask("exists application usage \"one\""), Fails("auInspectorDefinedError"));
@@ -257,14 +266,14 @@ TEST_F(Usage, RunningApplicationsAreTheActiveOnesWhoseFileIsThere) {
     place_.File("one");
     place_.File("two");
     place_.Folder("folder");
-    ProcessTableHost::runs = {{1, 0, 0, true, one},
-                              {2, 0, 0, true, place_.Path("gone")},
-                              {3, 0, 0, true, one + " (deleted)"},
-                              {4, 0, 0, true, place_.Path("folder")},
-                              {5, 0, 0, true, ""},
-                              {6, 0, 0, false, two},
-                              {7, 0, 0, true, one},
-                              {8, 0, 0, false, one}};
+    host_.runs = {{1, 0, 0, true, one},
+                  {2, 0, 0, true, place_.Path("gone")},
+                  {3, 0, 0, true, one + " (deleted)"},
+                  {4, 0, 0, true, place_.Path("folder")},
+                  {5, 0, 0, true, ""},
+                  {6, 0, 0, false, two},
+                  {7, 0, 0, true, one},
+                  {8, 0, 0, false, one}};
     EXPECT_EQ(AskHost("running applications"), Values({one, one}));
     EXPECT_EQ(AskHost("recent applications"), Values({one, two, one, one}));
     EXPECT_EQ(AskHost("running applications \"one\""), Values({one, one}));
@@ -274,7 +283,7 @@ TEST_F(Usage, RunningApplicationsAreTheActiveOnesWhoseFileIsThere) {
     EXPECT_EQ(AskHost("recent applications (\"one\"; \"gone\"; \"two\"; \"\")"), Values({one, one, one, two}));
     EXPECT_EQ(AskHost("running application"), Answer({{one}, "ArgumentNotUnique"}));
     EXPECT_EQ(AskHost("recent application"), Answer({{one}, "ArgumentNotUnique"}));
-    ProcessTableHost::runs.resize(1);
+    host_.runs.resize(1);
     EXPECT_EQ(AskHost("name of running application"), Values({"one"}));
     EXPECT_EQ(AskHost("name of recent application"), Values({"one"}));
 }

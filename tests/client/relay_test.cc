@@ -1,17 +1,17 @@
 // The servers of the last registration, told by a host that has registered, and by hosts that lack something.
 #include <gtest/gtest.h>
 
-#include "tests/host/registration_host.h"
+#include "tests/host/host_registration.h"
 #include "tests/inspectors/ask.h"
 
 namespace {
 
 constexpr int64_t kMicroseconds = 1000000;
 
+struct RegistrationHost : InspectorContext, HostRegistration {};
+
 class Registration : public testing::Test {
 protected:
-    Registration() { RegistrationHost::told = {}; }
-
     Answer AskHost(std::string_view question) { return Ask(question, &host_); }
 
     RegistrationHost host_;
@@ -40,14 +40,14 @@ const std::vector<std::string> kQuestions = {
 };
 
 TEST_F(Registration, EveryPropertyTellsItsField) {
-    RegistrationHost::told = {920937600 * kMicroseconds,
-                              920974272 * kMicroseconds,
-                              "report.example",
-                              "9.2.1",
-                              "8.1",
-                              "relay.example",
-                              "root.example.com",
-                              4711};
+    host_.told = {920937600 * kMicroseconds,
+                  920974272 * kMicroseconds,
+                  "report.example",
+                  "9.2.1",
+                  "8.1",
+                  "relay.example",
+                  "root.example.com",
+                  4711};
     const std::string apparent = "(it = \"Tue, 09 Mar 1999 00:00:00 +0000\" as time) of ";
     const std::string select = "(it = \"Tue, 09 Mar 1999 10:11:12 +0000\" as time) of ";
     const std::pair<std::string, std::string> expected[] = {
@@ -85,16 +85,16 @@ TEST_F(Registration, AFieldThatIsLeftZeroHasNoValue) {
 }
 
 TEST_F(Registration, OneFieldAloneIsTold) {
-    RegistrationHost::told.relayVersion = "8.1.2.3";
+    host_.told.relayVersion = "8.1.2.3";
     EXPECT_EQ(AskHost("version of current relay"), Values({"8.1.2.3"}));
     EXPECT_EQ(AskHost("exists version of registration server"), Values({"False"}));
 }
 
 TEST_F(Registration, EachPropertyAsksAnew) {
-    RegistrationHost::told.rootServerId = 1;
+    host_.told.rootServerId = 1;
     host_.lastRegistration = [](ClientRegistration& registration) {
-        registration = RegistrationHost::told;
-        ++RegistrationHost::told.rootServerId;
+        registration = CurrentHost<HostRegistration>().told;
+        ++CurrentHost<HostRegistration>().told.rootServerId;
     };
     EXPECT_EQ(AskHost("ids of (root server; root server; root server)"), Values({"1", "2", "3"}));
 }

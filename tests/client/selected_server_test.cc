@@ -3,15 +3,17 @@
 
 #include <set>
 
-#include "tests/host/host_selector_host.h"
+#include "tests/host/host_servers.h"
 #include "tests/inspectors/ask.h"
 #include "values/ip_address.h"
 
 namespace {
 
+struct HostSelectorHost : InspectorContext, HostServers {};
+
 class Selector : public testing::Test {
 protected:
-    Selector() { HostSelectorHost::servers = {{&other_, &chosen_}, 1}; }
+    Selector() { host_.servers = {{&other_, &chosen_}, 1}; }
 
     Answer AskHost(std::string_view question) { return Ask(question, &host_); }
 
@@ -48,7 +50,7 @@ TEST_F(Selector, EveryPropertyTellsOfTheCurrentEntry) {
 }
 
 TEST_F(Selector, AnotherEntryCanBeCurrent) {
-    HostSelectorHost::servers.current = 0;
+    host_.servers.current = 0;
     EXPECT_EQ(AskHost("(name of it, port number of it, competition weight of it) of selected server"),
               Values({"other.example, 1, 5"}));
     EXPECT_EQ(AskHost("exists ip address of selected server"), Values({"False"}));
@@ -69,14 +71,14 @@ TEST_F(Selector, GatewaysCountFromOneAndTheSilentHaveNoAddress) {
 
 TEST_F(Selector, OneGatewayIsSingular) {
     const HostSelectorEntry near{"near", nullptr, 0, 0, 0, 0, 0, 0, 0, gateways_, 1};
-    HostSelectorHost::servers = {{&near}, 0};
+    host_.servers = {{&near}, 0};
     EXPECT_EQ(AskHost("(gateway address of it, full gateway address of it) of selected server"),
               Values({"10.0.0.1, 10.0.0.1"}));
 }
 
 TEST_F(Selector, NothingSelectedHasNoServer) {
     for (const std::optional<size_t> current : {std::optional<size_t>(), std::optional<size_t>(2)}) {
-        HostSelectorHost::servers.current = current;
+        host_.servers.current = current;
         EXPECT_EQ(AskHost("exists selected server"), Values({"False"}));
         EXPECT_EQ(AskHost("exists selected servers"), Values({"False"}));
         EXPECT_EQ(AskHost("name of selected server"), DoesNotExist());
@@ -87,7 +89,7 @@ TEST_F(Selector, NothingSelectedHasNoServer) {
 }
 
 TEST_F(Selector, ANullEntryIsAFaultOfItsOwnLine) {
-    HostSelectorHost::servers = {{nullptr}, 0};
+    host_.servers = {{nullptr}, 0};
     EXPECT_EQ(AskHost("exists selected server"), Values({"True"}));
     std::set<std::string> texts;
     for (const auto& [singular, plural] : kProperties) {

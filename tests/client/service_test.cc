@@ -1,16 +1,16 @@
 // The agent's services, by a table in which one of them runs.
 #include <gtest/gtest.h>
 
-#include "tests/host/process_table_host.h"
+#include "tests/host/host_processes.h"
 #include "tests/inspectors/ask.h"
 
 namespace {
 
+struct ProcessTableHost : InspectorContext, HostProcesses {};
+
 class Services : public testing::Test {
 protected:
-    Services() {
-        ProcessTableHost::runs = {{10, 0, 0, true, "/opt/agent/OSLRelay"}, {11, 0, 0, false, "/opt/agent/OSLGather"}};
-    }
+    Services() { host_.runs = {{10, 0, 0, true, "/opt/agent/OSLRelay"}, {11, 0, 0, false, "/opt/agent/OSLGather"}}; }
 
     Answer AskHost(std::string_view question) { return Ask(question, &host_); }
 

@@ -40,7 +40,7 @@ TEST_F(ClientTest, RegistrationInEachSpelling) {
     for (const Phrase& phrase : phrases) {
         ExpectNone(host, phrase);
     }
-    host.registered = ClientRegistration{};
+    host.registered = RegisteredAddresses{};
     for (const Phrase& phrase : phrases) {
         ExpectNone(host, phrase);
     }

@@ -1,4 +1,4 @@
-// A small host with every context that a host can lend, each in a file of its own: what an agent is to the inspectors.
+// A small host with every context that an agent can lend, each in a file of its own: what an agent is to inspectors.
 //
 // A test that is about one context derives a host of its own from InspectorContext and that part; to lend one more to
 // all tests, write host_<context>.h and add it here.
@@ -8,6 +8,9 @@
 #include "tests/host/host_actions.h"
 #include "tests/host/host_analyses.h"
 #include "tests/host/host_praxels.h"
+#include "tests/host/host_processes.h"
+#include "tests/host/host_registration.h"
+#include "tests/host/host_servers.h"
 #include "tests/host/host_settings.h"
 #include "tests/host/host_sites.h"
 #include "tests/host/host_system.h"
@@ -16,7 +19,10 @@ struct EmbeddingHost : InspectorContext,
                        HostActions,
                        HostAnalyses,
                        HostPraxels,
+                       HostProcesses,
+                       HostRegistration,
                        HostRestarts,
+                       HostServers,
                        HostSettings,
                        HostSites,
                        HostStorage,

@@ -1,4 +1,4 @@
-// The settings of a host, in memory, and its program.
+// The settings of a host, in memory, its program and its storage.
 #ifndef TESTS_HOST_HOST_SETTINGS_H
 #define TESTS_HOST_HOST_SETTINGS_H
 
@@ -45,9 +45,11 @@ struct HostSettings : OSLSettingsContext {
 
 struct HostStorage : InspectorStorageContext {
     FileLocation program;
+    FileLocation storage;  // the folder of its data
 
     HostStorage() {
         getExecutableLocation = []() -> const FileLocation* { return &CurrentHost<HostStorage>().program; };
+        getGlobalLocation = []() -> const FileLocation& { return CurrentHost<HostStorage>().storage; };
     }
 };
 

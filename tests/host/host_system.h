@@ -15,7 +15,7 @@
 
 struct HostSystem : InspectorSystemContext {
     std::optional<int64_t> id;
-    std::optional<ClientRegistration> registered;
+    std::optional<RegisteredAddresses> registered;
     std::optional<int64_t> commandTime;
     std::optional<bool> rights;
     std::optional<bool> loginPending;
@@ -24,8 +24,8 @@ struct HostSystem : InspectorSystemContext {
 
     HostSystem() {
         computerId = []() { return CurrentHost<HostSystem>().id; };
-        registration = []() -> const ClientRegistration* {
-            const std::optional<ClientRegistration>& last = CurrentHost<HostSystem>().registered;
+        registration = []() -> const RegisteredAddresses* {
+            const std::optional<RegisteredAddresses>& last = CurrentHost<HostSystem>().registered;
             return last ? &*last : nullptr;
         };
         lastCommandTime = []() { return CurrentHost<HostSystem>().commandTime; };
