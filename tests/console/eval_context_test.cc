@@ -24,6 +24,7 @@
 #include "evaluator/inspector_setting_store.h"
 #include "evaluator/inspector_system_context.h"
 #include "evaluator/pending_restart_inspector_context.h"
+#include "foundation/stack_allocator.h"
 #include "inspectors/client_setting.h"
 #include "tests/console/program_run.h"
 #include "tests/foundation/own_process.h"
@@ -257,6 +258,8 @@ TEST(EvalContextAfterStart, LendsDigestsOfFilesAndOfBytes) {
     const FileLocation file = place.File("abc", "abc");
     const FileLocation empty = place.File("empty");
     EXPECT_EQ(AfterStart([&](EvalContext& context) {
+                  StackAllocator<1024> memory;
+                  const AllocatorInstaller evaluating(memory);
                   const std::string_view text = "xabcx";
                   const auto* const bytes = reinterpret_cast<const unsigned char*>(text.data());
                   return std::string(context.sha1OfFile(file).View()) + "\n" +
