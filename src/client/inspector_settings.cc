@@ -59,12 +59,12 @@ void InspectorSettings::Fill(const std::string& section, std::string_view name, 
     setting.enabled = text(kEnabled);
 }
 
-InspectorSettingStore* MachineInspectorSettings() {
+InspectorSettingStore* OSLSettingStore() {
     static InspectorSettings settings(SettingsPath::Settings());
     return &settings;
 }
 
-InspectorSettingStore* SiteInspectorSettings() {
+InspectorSettingStore* OSLSitesStore() {
     static InspectorSettings settings(SettingsPath::SiteSettings());
     return &settings;
 }

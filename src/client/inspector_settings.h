@@ -29,7 +29,7 @@ private:
 };
 
 // The process's own, made at the first call: the machine's settings, and those of the sites.
-InspectorSettingStore* MachineInspectorSettings();
-InspectorSettingStore* SiteInspectorSettings();
+InspectorSettingStore* OSLSettingStore();
+InspectorSettingStore* OSLSitesStore();
 
 #endif

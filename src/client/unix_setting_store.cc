@@ -84,14 +84,14 @@ UnixSettingIterator UnixSettingStore::Begin(std::string_view subsection) const {
     return {manager_, root_, Joined(root_, subsection) + SettingsPath::separator};
 }
 
+SettingStore<UnixSettingIterator>& MachineSettings() {
+    static UnixSettingStore store(SettingsPath::Settings());
+    return store;
+}
+
+SettingStore<UnixSettingIterator>& SiteSettings() {
+    static UnixSettingStore store(SettingsPath::SiteSettings());
+    return store;
+}
+
 }  // namespace UnixPlatform
-
-SettingStore<UnixSettingIterator>& OSLSettingStore() {
-    static UnixPlatform::UnixSettingStore store(SettingsPath::Settings());
-    return store;
-}
-
-SettingStore<UnixSettingIterator>& OSLSitesStore() {
-    static UnixPlatform::UnixSettingStore store(SettingsPath::SiteSettings());
-    return store;
-}

@@ -70,10 +70,10 @@ private:
     ZendryOptionsManager& manager_;
 };
 
-}  // namespace UnixPlatform
-
 // The process's stores: the machine's settings and the sites', each made at its first call.
-SettingStore<UnixSettingIterator>& OSLSettingStore();
-SettingStore<UnixSettingIterator>& OSLSitesStore();
+SettingStore<UnixSettingIterator>& MachineSettings();
+SettingStore<UnixSettingIterator>& SiteSettings();
+
+}  // namespace UnixPlatform
 
 #endif

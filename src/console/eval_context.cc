@@ -47,8 +47,8 @@ void EvalContext::SetUp(bool scanSites) {
 
     dnsDomainName = &GetDnsDomainName;
 
-    settingStore = &MachineInspectorSettings;
-    sitesStore = &SiteInspectorSettings;
+    settingStore = &OSLSettingStore;
+    sitesStore = &OSLSitesStore;
 
     sha1OfFile = &Sha1OfFileInEvaluationMemory;
     sha1OfBytes = &Sha1OfBytesInEvaluationMemory;

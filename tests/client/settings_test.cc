@@ -87,8 +87,8 @@ TEST(SettingsPaths, TheProcessHasOneStoreToAPath) {
     EXPECT_EQ(UnixPlatform::PropServer().Section(), SettingsPath::PropServer());
     EXPECT_EQ(UnixPlatform::GatherService().Section(), SettingsPath::GatherService());
     EXPECT_EQ(&UnixPlatform::GlobalOptions(), &UnixPlatform::GlobalOptions());
-    EXPECT_EQ(OSLSettingStore().At("x").StoreRoot(), SettingsPath::Settings());
-    EXPECT_EQ(OSLSitesStore().At("x").StoreRoot(), SettingsPath::SiteSettings());
+    EXPECT_EQ(UnixPlatform::MachineSettings().At("x").StoreRoot(), SettingsPath::Settings());
+    EXPECT_EQ(UnixPlatform::SiteSettings().At("x").StoreRoot(), SettingsPath::SiteSettings());
 }
 
 TEST_F(Stores, ASubsectionsValuesOfEveryKind) {

@@ -7,6 +7,7 @@
 
 #include <array>
 #include <csignal>
+#include <filesystem>
 #include <thread>
 #include <vector>
 
@@ -216,6 +217,21 @@ TEST(ConfigurationLoad, FilesAreReadAgainWhenTheirTimesHaveChanged) {
     unsetenv("OSLClientConfigPath");
     EXPECT_EQ(ErrorOutput([&] { manager.Load(); }), "OSLClientConfigPath must be set\n");
     EXPECT_EQ(Text(manager, "s", "k"), "none");
+}
+
+// A file that goes away keeps what was read of it, and one that comes again is read as ever.
+TEST(ConfigurationLoad, WhatWasReadStaysWhereTheFileCannotBeOpenedAgain) {
+    const Configuration files;
+    files.Client("[s]\nk = 1\n");
+    ZendryOptionsManager manager;
+    std::filesystem::remove(files.Path());
+    EXPECT_EQ(ErrorOutput([&] { manager.Load(); }), "No default config file found\nCould not open config file '" +
+                                                        files.Path() + "': No such file or directory\n");
+    EXPECT_EQ(Text(manager, "s", "k"), "1");
+    files.Place().File("client.ini.default", "[s]\nk = default\n");
+    EXPECT_EQ(ErrorOutput([&] { manager.Load(); }), "");
+    EXPECT_EQ(Text(manager, "s", "k"), "default");
+    EXPECT_EQ(files.Content(), "[s]\nk = default\n");
 }
 
 TEST(ConfigurationRead, NamesAreLookedUpWithoutRegardToCase) {
@@ -483,6 +499,19 @@ TEST_F(FailingWrite, WhereTheWorkingFileCannotBeOpened) {
     files_.Place().Folder("client.ini.tmp");
     EXPECT_EQ(Fails(), "");
     EXPECT_TRUE(files_.Place().Has("client.ini.tmp"));
+}
+
+// What an interrupted write left behind is no hindrance, and nothing of it is kept.
+TEST(ConfigurationWrite, AWorkingFileThatWasLeftIsWrittenOver) {
+    const Configuration files;
+    files.Client("[s]\nk = old\n");
+    files.Place().File("client.ini.tmp", "[left]\n" + std::string(10000, '#'));
+    ZendryOptionsManager manager;
+    EXPECT_TRUE(manager.WriteString("s", "k", "new"));
+    EXPECT_FALSE(files.Place().Has("client.ini.tmp"));
+    ZendryOptionsManager again;
+    EXPECT_EQ(Text(again, "s", "k"), "new");
+    EXPECT_EQ(SectionsOf(again), std::vector<std::string>({"s"}));
 }
 
 TEST_F(FailingWrite, WhereTheDiskIsFull) {

@@ -160,6 +160,14 @@ TEST_F(StartUp, AnEmptyStorageLocationEndsIt) {
     const std::string empty =
         Configuration("[Software\\Ostrel\\EnterpriseClient\\GlobalOptions]\nStoragePath =\nLibPath = /x\n");
     EXPECT_EQ(Started(With({{"OSLClientConfigPath", empty}})), Failed(noStorage));
+    const std::string comment =
+        place.File("comment.conf", "[Software\\Ostrel\\EnterpriseClient\\GlobalOptions]\nStoragePath = ; /var/opt\n")
+            .CString();
+    EXPECT_EQ(Started(With({{"OSLClientConfigPath", comment}})), Failed(noStorage));
+    // Also where the relay's file has one: the client's comes first.
+    const std::string relay =
+        place.File("relay", "[Software\\Ostrel\\EnterpriseClient\\GlobalOptions]\nStoragePath = /x\n").CString();
+    EXPECT_EQ(Started(With({{"OSLClientConfigPath", empty}, {"OSLRelayConfigPath", relay}})), Failed(noStorage));
     // Before the masthead and the library are looked for.
     EXPECT_EQ(Started({{"OSLClientConfigPath", empty}, {"OSL_LIBPATH", place.Path()}}), Failed(noStorage));
 }
@@ -276,6 +284,8 @@ TEST_F(StartUp, ALibraryWithoutAFunctionEndsIt) {
 TEST_F(StartUp, ALibraryThatFailsOtherwiseEndsIt) {
     EXPECT_EQ(Started(With({{"OSL_LIBPATH", fakes + "/refusing_memory"}})),
               Failed("Failed to refresh fips mode configuration: CRYPTO_set_mem_functions_Failed\n"));
+    EXPECT_EQ(Started(With({{"OSL_LIBPATH", fakes + "/throwing"}})),
+              Failed("Failed to refresh fips mode configuration: unknown error\n"));
 }
 
 // By a bare name the program is taken to lie in the current folder, and is not there.
