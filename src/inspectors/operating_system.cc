@@ -1,6 +1,7 @@
 // The operating system: what the kernel says of itself, and which distribution it serves.
 #include <sys/utsname.h>
 
+#include <exception>
 #include <optional>
 #include <string>
 
@@ -91,15 +92,21 @@ boolean Is(const operating_system&) {
     return Answer;
 }
 
-moment BootMoment() {
+// Records that cannot be read, whatever the reason, are no failure of the question: there is no value then.
+std::optional<moment> BootTime(const operating_system&) {
     constexpr int64_t kMicroseconds = 1000000;
-    const int64_t now = Now().Microseconds() / kMicroseconds;
-    return moment(BootSeconds(ReadUtmp(), now) * kMicroseconds);
+    try {
+        const int64_t now = Now().Microseconds() / kMicroseconds;
+        return moment(BootSeconds(ReadUtmp(), now) * kMicroseconds);
+    } catch (const std::exception&) {
+        return std::nullopt;
+    }
 }
 
-std::optional<moment> BootTime(const operating_system&) { return BootMoment(); }
-
-std::optional<time_interval> Uptime(const operating_system&) { return Now() - BootMoment(); }
+std::optional<time_interval> Uptime(const operating_system& system) {
+    const std::optional<moment> boot = BootTime(system);
+    return boot ? Now() - *boot : std::nullopt;
+}
 
 inspector_string AsString(const operating_system& system) {
     return CopiedString(system.name + " (" + system.release + ")");

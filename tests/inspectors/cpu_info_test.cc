@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <cmath>
+
 #include "tests/inspectors/ask.h"
 
 namespace {
@@ -193,6 +195,91 @@ TEST(Processors, OfThisMachineAnswer) {
                   Values({*records[0].modelName, *records[0].modelName}));
     }
     EXPECT_EQ(Ask("count of cpupackage"), Values({std::to_string(CountPackages(records).packages)}));
+}
+
+// What a phrase should answer for each of some records: nothing for those that lack it.
+template <class Get>
+std::vector<std::string> OfEach(const std::vector<CpuRecord>& records, const Get& get) {
+    std::vector<std::string> texts;
+    for (const CpuRecord& record : records) {
+        if (const std::optional<std::string> text = get(record)) {
+            texts.push_back(*text);
+        }
+    }
+    return texts;
+}
+
+// Asked of all processors in the plural and of the first in the singular.
+template <class Get>
+void ExpectOfEach(const std::string& singular, const std::string& plural, const Get& get) {
+    SCOPED_TRACE(singular);
+    const std::vector<CpuRecord> records = ReadCpuInfo();
+    ASSERT_FALSE(records.empty());
+    EXPECT_EQ(Ask("(" + plural + " of it as string) of processors"), Values(OfEach(records, get)));
+    EXPECT_EQ(Ask("(" + plural + " of it as string) of main processors"), Values(OfEach({records[0]}, get)));
+    const std::optional<std::string> first = get(records[0]);
+    EXPECT_EQ(Ask(singular + " of main processor as string"), first ? Values({*first}) : DoesNotExist());
+}
+
+TEST(Processors, OfThisMachineAnswerEveryPhraseInBothNumbers) {
+    using Text = std::optional<std::string>;
+    const auto number = [](const char* singular, const char* plural, std::optional<int64_t> CpuRecord::*field) {
+        ExpectOfEach(singular, plural, [field](const CpuRecord& record) {
+            return record.*field ? Text(std::to_string(*(record.*field))) : Text();
+        });
+    };
+    const auto truth = [](const char* singular, const char* plural, std::optional<bool> CpuRecord::*field) {
+        ExpectOfEach(singular, plural, [field](const CpuRecord& record) {
+            return record.*field ? Text(*(record.*field) ? "True" : "False") : Text();
+        });
+    };
+    const auto text = [](const char* singular, const char* plural, Text CpuRecord::*field) {
+        ExpectOfEach(singular, plural, [field](const CpuRecord& record) { return record.*field; });
+    };
+    number("index", "indexes", &CpuRecord::index);
+    number("family", "families", &CpuRecord::family);
+    number("model", "models", &CpuRecord::model);
+    number("stepping", "steppings", &CpuRecord::stepping);
+    number("cpuid level", "cpuid levels", &CpuRecord::cpuidLevel);
+    truth("fdiv bug", "fdiv bugs", &CpuRecord::fdivBug);
+    truth("hlt bug", "hlt bugs", &CpuRecord::hltBug);
+    truth("sep bug", "sep bugs", &CpuRecord::sepBug);
+    truth("f00f bug", "f00f bugs", &CpuRecord::f00fBug);
+    truth("coma bug", "coma bugs", &CpuRecord::comaBug);
+    truth("fpu", "fpus", &CpuRecord::fpu);
+    truth("fpu exception", "fpu exceptions", &CpuRecord::fpuException);
+    truth("wp", "wps", &CpuRecord::wp);
+    text("vendor name", "vendor names", &CpuRecord::vendorId);
+    text("model name", "model names", &CpuRecord::modelName);
+    text("brand string", "brand strings", &CpuRecord::modelName);
+    text("flag list", "flag lists", &CpuRecord::flagList);
+    ExpectOfEach("family name", "family names",
+                 [](const CpuRecord& record) { return Text(std::string(FamilyName(record))); });
+    ExpectOfEach("bogomips", "bogomipses", [](const CpuRecord& record) {
+        return record.bogomips ? Text(std::to_string(std::llround(*record.bogomips))) : Text();
+    });
+}
+
+// The speed of a processor changes from one reading to the next.
+TEST(Processors, HaveASpeedWhereTheKernelTellsIt) {
+    const std::vector<CpuRecord> records = ReadCpuInfo();
+    ASSERT_FALSE(records.empty());
+    const std::string told = records[0].mhz ? "True" : "False";
+    EXPECT_EQ(Ask("exists speed of main processor; exists speeds of main processors"), Values({told, told}));
+    EXPECT_EQ(Ask("exists (speeds of processors) whose (it <= 0 * Hz)"), Values({"False"}));
+}
+
+TEST(CpuPackages, OfThisMachineAnswerEveryPhraseInBothNumbers) {
+    const CpuPackages sum = CountPackages(ReadCpuInfo());
+    const Answer expected =
+        Values({std::to_string(sum.packages), std::to_string(sum.cores), std::to_string(sum.threads),
+                sum.smtCapable ? "True" : "False", sum.smtEnabled ? "True" : "False"});
+    EXPECT_EQ(Ask("(count of it as string; core of it as string; thread of it as string; smt capable of it as string; "
+                  "smt enabled of it as string) of cpupackage"),
+              expected);
+    EXPECT_EQ(Ask("(counts of it as string; cores of it as string; threads of it as string; smt capables of it as "
+                  "string; smt enableds of it as string) of cpupackages"),
+              expected);
 }
 
 }  // namespace

@@ -43,6 +43,9 @@ TEST(Distribution, OfOracleIsCutAtItsParentheses) {
     EXPECT_EQ(Probed({{kOracle, "Enterprise Linux Enterprise Linux Server release 5.4 (Carthage)\n"}}),
               "Linux Oracle Enterprise Server release 5.4|Server release 5.4|");
     EXPECT_EQ(Probed({{kOracle, "enterprise linux enterprise linux AS(x)"}}), "Linux Oracle Enterprise AS|AS|");
+    EXPECT_EQ(Probed({{kOracle, "Enterprise Linux Enterprise Linux 5  (x)\n"}}), "Linux Oracle Enterprise 5 |5 |")
+        << "one blank is cut";
+    EXPECT_EQ(Probed({{kOracle, "Enterprise Linux Enterprise Linux 5\n"}}), "Linux Oracle Enterprise 5|5|");
     EXPECT_EQ(Probed({{kOracle, "Enterprise Linux AS 4\n"}}), "||");
 }
 
@@ -68,6 +71,9 @@ constexpr PrefixCase kPrefixes[] = {
     {kRedHat, "CENTOS RELEASE 5\n", "Linux CentOS 5|5|"},
     {kRedHat, "CentOS release 5", "Linux CentOS 5|5|"},
     {kRedHat, "CentOS release ", "Linux CentOS ||"},
+    {kRedHat, "CentOS release\n", "||"},
+    {kRedHat, " CentOS release 5\n", "||"},
+    {kRedHat, "Red Hat Enterprise Linux release 8.4 (Ootpa)\n", "||"},
     {kRedHat, "Scientific Linux release 6\n", "||"},
     {kSuse, "SUSE Linux Enterprise Server 10 (i586)\nVERSION = 10\n", "Linux SuSE Enterprise Server 10|10|"},
     {kSuse, "SUSE Linux Enterprise Desktop 11 (x86_64)\n", "Linux SuSE Enterprise Desktop 11|11|"},
@@ -175,6 +181,8 @@ TEST(Distribution, OfTheCompilersNoteIsInTheThirdParentheses) {
     EXPECT_EQ(Note("Linux (a) (gcc (LINUX"), "Linux LINUX||");
     EXPECT_EQ(Note("Linux (a) (b) ("), "Linux ||");
     EXPECT_EQ(Note("Linux (a) (b)"), "||");
+    EXPECT_EQ(Note("Linux (a) (gcc (Linux Linux Arch 4.1\t5)"), "Linux Linux Arch 4.1||") << "the first alone goes";
+    EXPECT_EQ(Note("Linux (a) (gcc (x4 y\t5z w)"), "Linux x4 y\t5z||") << "the number stands behind a blank";
     EXPECT_EQ(Note("Linux"), "||");
 }
 

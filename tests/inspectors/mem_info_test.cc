@@ -2,6 +2,7 @@
 #include "inspectors/mem_info.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include "inspectors/power_level.h"
 #include "tests/inspectors/ask.h"
@@ -70,6 +71,35 @@ TEST(Ram, AnswersWithTheKernelsFigures) {
               Values({"0"}));
     EXPECT_EQ(Ask("exists shared amount of ram"), Values({ram.shared ? "True" : "False"}));
     EXPECT_EQ(Ask("(total amount of it - free amount of it - used amount of it) of swap"), Values({"0"}));
+}
+
+// The figures change from one reading to the next, so that only those of one question fit each other.
+TEST(Ram, AnswersEveryPhraseInBothNumbers) {
+    const ram_info ram = ParseRam(ReadMemInfo());
+    const std::string total = std::to_string(*ram.total);
+    const std::string shared = ram.shared ? "1" : "0";
+    for (const char* all : {"rams", "random access memories"}) {
+        const std::string of = std::string(" of ") + all;
+        EXPECT_EQ(Ask("sizes" + of), Values({total}));
+        EXPECT_EQ(Ask("total amounts" + of), Values({total}));
+        EXPECT_EQ(Ask("(sum of (used amounts of it; free amounts of it))" + of), Values({total}));
+        EXPECT_EQ(Ask("(sum of (available amounts of it; unavailable amounts of it))" + of), Values({total}));
+        EXPECT_EQ(Ask("(sum of (free amounts of it; buffered amounts of it; cached amounts of it) = available amount "
+                      "of it)" +
+                      of),
+                  Values({"True"}));
+        EXPECT_EQ(Ask("number of shared amounts" + of), Values({shared}));
+    }
+    const swap_info swap = ParseSwap(ReadMemInfo());
+    ASSERT_TRUE(swap.total.has_value());
+    const std::string swapTotal = std::to_string(*swap.total);
+    EXPECT_EQ(Ask("total amount of swap; total amounts of swaps"), Values({swapTotal, swapTotal}));
+    EXPECT_EQ(Ask("(sum of (used amounts of it; free amounts of it)) of swaps"), Values({swapTotal}));
+}
+
+TEST(PowerLevel, IsTheStateOfTheAdapterWhereThereIsOne) {
+    const char* there = access("/proc/acpi/ac_adapter/ACAD/state", R_OK) == 0 ? "True" : "False";
+    EXPECT_EQ(Ask("exists power level; exists power levels"), Values({there, there}));
 }
 
 TEST(PowerState, StandsBehindItsKey) {

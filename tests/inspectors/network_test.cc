@@ -235,6 +235,59 @@ TEST(Network, TellsTheLoopbackAdapter) {
     EXPECT_EQ(Ask("aliases" + of), Values({InterfaceList::OfSystem()->Count().packets != 0 ? "True" : "False"}));
 }
 
+// The loopback adapter has one address of version 4, so that the singular phrases have one answer, too.
+TEST(Network, TellsTheLoopbackAdapterInTheSingular) {
+    const std::string lo = " of find adapters \"Lo\" of network";
+    if (Ask("number of ipv4 interfaces" + lo) != Values({"1"})) {
+        GTEST_SKIP() << "this machine's loopback adapter has not one address";
+    }
+    EXPECT_EQ(Ask("names" + lo), Values({"lo"}));
+    EXPECT_EQ(Ask("(addresses of it; subnet addresses of it; subnet masks of it)" + lo),
+              Values({"127.0.0.1", "127.0.0.0", "255.0.0.0"}));
+    EXPECT_EQ(Ask("name of any adapter whose (name of it = \"lo\") of network"), Values({"lo"}));
+    EXPECT_EQ(Ask("name of adapter whose (name of it = \"lo\") of network"), Values({"lo"}));
+    EXPECT_EQ(Ask("cidr string of ipv4 interface" + lo), Values({"127.0.0.0/8"}));
+    EXPECT_EQ(Ask("cidr address of ipv4 interface" + lo), Values({"127.0.0.0/8"}));
+    EXPECT_EQ(Ask("name of adapter of ipv4 interface" + lo), Values({"lo"}));
+    EXPECT_EQ(Ask("exists mac address of ipv4 interface" + lo), Values({"False"}));
+    EXPECT_EQ(Ask("number of ipv6 interface" + lo), Ask("number of ipv6 interfaces" + lo));
+    EXPECT_EQ(Ask("number of ipv4or6 interface" + lo), Ask("number of ipv4or6 interfaces" + lo));
+    for (const char* kind : {"interface", "ip interface"}) {
+        const std::string one =
+            std::string(" of ") + kind + " whose (name of it = \"lo\" and family of it = 2) of network";
+        EXPECT_EQ(Ask("address" + one), Values({"127.0.0.1"})) << kind;
+        EXPECT_EQ(Ask("subnet address" + one), Values({"127.0.0.0"})) << kind;
+        EXPECT_EQ(Ask("subnet mask" + one), Values({"255.0.0.0"})) << kind;
+        EXPECT_EQ(Ask("cidr address" + one), Values({"127.0.0.0/8"})) << kind;
+        EXPECT_EQ(Ask("(loopback of it; up of it; point to point of it)" + one), Values({"True", "True", "False"}))
+            << kind;
+        EXPECT_EQ(Ask("alias" + one), Ask("aliases" + one)) << kind;
+        EXPECT_EQ(Ask("(broadcast support of it; multicast support of it)" + one),
+                  Ask("(broadcast supports of it; multicast supports of it)" + one))
+            << kind;
+        EXPECT_EQ(Ask("exists broadcast address" + one), Ask("broadcast support" + one)) << kind;
+        EXPECT_EQ(Ask("exists mac address" + one), Values({"False"})) << kind;
+    }
+    for (const std::string kind : {"ipv4", "ipv6", "ipv4or6"}) {
+        EXPECT_EQ(Ask("number of " + kind + " interface of network"),
+                  Ask("number of " + kind + " interfaces of network"));
+    }
+}
+
+TEST(Network, CountsTheInterfacesOfVersion4FromOne) {
+    const size_t count = Ask("addresses of ip interfaces of network").values.size();
+    for (size_t n = 1; n <= count; ++n) {
+        const std::string number = std::to_string(n);
+        EXPECT_EQ(Ask("address of ip interface " + number + " of network").values[0],
+                  Ask("addresses of ip interfaces of network").values[n - 1]);
+        EXPECT_EQ(Ask("addresses of ip interfaces " + number + " of network"),
+                  Ask("address of ip interface " + number + " of network"));
+    }
+    for (const std::string& number : {std::string("0"), std::string("(-1)"), std::to_string(count + 1)}) {
+        EXPECT_EQ(Ask("address of ip interface " + number + " of network"), DoesNotExist()) << number;
+    }
+}
+
 TEST(Network, GivesTheSameInterfacesInEachWay) {
     EXPECT_EQ(Ask("number of ip interfaces of network = number of ipv4 interfaces of network"), Values({"True"}));
     EXPECT_EQ(Ask("number of ipv4or6 interfaces of network = number of ipv4 interfaces of network + number of ipv6 "

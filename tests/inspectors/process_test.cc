@@ -2,6 +2,8 @@
 #include "inspectors/process.h"
 
 #include <signal.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -10,6 +12,7 @@
 
 #include "foundation/file_error.h"
 #include "inspectors/environment.h"
+#include "inspectors/privileges.h"
 #include "inspectors/process_items.h"
 #include "inspectors/process_walk.h"
 #include "tests/foundation/temporary_place.h"
@@ -205,6 +208,87 @@ TEST(Processes, ThatHaveGoneHaveNoValue) {
     EXPECT_EQ(Ask("exists process 0"), Values({"False"}));
     EXPECT_EQ(Ask("exists process (-1)"), Values({"False"}));
 }
+
+// An id whose files lie in a folder of the test's own.
+std::string IdOf(const TemporaryPlace& place) { return ".." + place.Path(); }
+
+// What the reading fails with, as the evaluation tells it.
+template <class Read>
+std::string FailureOf(const Read& read) {
+    try {
+        read();
+    } catch (const InsufficientPrivileges&) {
+        return "InsufficientPrivileges";
+    } catch (const NoSuchObject&) {
+        return "NoSuchObject";
+    } catch (const InspectorDefinedError& failure) {
+        return failure.what();
+    }
+    return "";
+}
+
+std::string FailureOfArguments(const std::string& id) {
+    return FailureOf([&] { process("name", id).Arguments(); });
+}
+std::string FailureOfVariables(const std::string& id) {
+    return FailureOf([&] { environment(id).Variables(); });
+}
+
+TEST(ProcessFiles, ThatAreGoneHaveNoValue) {
+    const TemporaryPlace place;
+    EXPECT_EQ(FailureOfArguments(IdOf(place)), "NoSuchObject");
+    EXPECT_EQ(FailureOfVariables(IdOf(place)), "NoSuchObject");
+}
+
+TEST(ProcessFiles, ThatCannotBeReadAreErrors) {
+    const TemporaryPlace place;
+    place.Folder("cmdline");
+    place.Folder("environ");
+    EXPECT_EQ(FailureOfArguments(IdOf(place)), "error reading process command line arguments");
+    EXPECT_EQ(FailureOfVariables(IdOf(place)), "error reading process environment variables");
+}
+
+// Whether something holds in a child that makes itself ready for it.
+template <class Ready, class Holds>
+bool InChild(const Ready& ready, const Holds& holds) {
+    const pid_t child = fork();
+    if (child == 0) {
+        _exit(ready() && holds() ? 0 : 1);
+    }
+    int status = -1;
+    waitpid(child, &status, 0);
+    return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+
+TEST(ProcessFiles, OfSomebodyElseNeedRights) {
+    const TemporaryPlace place;
+    place.File("cmdline", "a");
+    place.File("environ", "A=1");
+    ASSERT_EQ(chmod(place.Path().c_str(), 0755), 0);
+    ASSERT_EQ(chmod(place.Path("cmdline").c_str(), 0), 0);
+    ASSERT_EQ(chmod(place.Path("environ").c_str(), 0), 0);
+    EXPECT_TRUE(InChild([] { return geteuid() != 0 || (setgid(65534) == 0 && setuid(65534) == 0); },
+                        [&] {
+                            return FailureOfArguments(IdOf(place)) == "InsufficientPrivileges" &&
+                                   FailureOfVariables(IdOf(place)) == "InsufficientPrivileges";
+                        }));
+}
+
+#ifndef __SANITIZE_ADDRESS__  // which takes more memory than any bound
+TEST(ProcessFiles, ThatMemoryCannotHoldAreErrors) {
+    const TemporaryPlace place;
+    place.Link("cmdline", "/dev/zero");
+    place.Link("environ", "/dev/zero");
+    const auto bounded = [] {
+        const rlimit bound = {rlim_t{1} << 28, rlim_t{1} << 28};
+        return setrlimit(RLIMIT_AS, &bound) == 0;
+    };
+    EXPECT_TRUE(InChild(bounded, [&] {
+        return FailureOfArguments(IdOf(place)) == "process command line arguments are too large" &&
+               FailureOfVariables(IdOf(place)) == "process environment is too large";
+    }));
+}
+#endif
 
 TEST(Environment, IsThisProgramsOwn) {
     EXPECT_EQ(OwnEnvironmentVariable("no such variable"), std::nullopt);

@@ -77,6 +77,7 @@ TEST(BootTime, AndUptimeMakeTheTimeNow) {
     EXPECT_EQ(Ask("boot time of operating system = \"09 Sep 2001 01:46:40 +0000\" as time"), Values({"True"}));
     EXPECT_EQ(Ask("exists (boot times of operating systems) whose (it = \"09 Sep 2001 01:46:40 +0000\" as time)"),
               Values({"True"}));
+    EXPECT_EQ(Ask("(uptimes of it - uptime of it < 10 * second) of operating systems"), Values({"True"}));
     EXPECT_EQ(Ask("absolute value of (now - boot time of it - uptime of it) of operating system < 10 * second"),
               Values({"True"}));
 }
@@ -112,6 +113,9 @@ TEST(Users, AreTheUserProcesses) {
     EXPECT_EQ(Ask("ttys of local users \"anna\""), Values({"tty3"}));
     EXPECT_EQ(Ask("tty of local user \"bert\""), Values({"tty1"}));
     EXPECT_EQ(Ask("exists local user \"gone\""), Values({"False"}));
+    EXPECT_EQ(Ask("name of user"), (Answer{{"anna"}, "ArgumentNotUnique"}));
+    EXPECT_EQ(Ask("tty of user \"gone\""), DoesNotExist());
+    EXPECT_EQ(Ask("ttys of users \"gone\""), Nothing());
 }
 
 TEST(Users, HaveFieldsOfFixedWidth) {

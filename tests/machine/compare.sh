@@ -19,7 +19,7 @@ trap 'rm -rf "$folder"' EXIT
 # The answers to one question, as lines.
 ask() {
     printf 'Q: %s\n' "$1" >"$folder/question.zendry"
-    "$console" "$folder/question.zendry" 2>/dev/null </dev/null | sed -n 's/^A: //p; s/^E: /E: /p' | sed 's/%25/%/g'
+    "$console" "$folder/question.zendry" 2>/dev/null </dev/null | sed -n 's/^A: //p; s/^E: /E: /p' | sed 's/%09/\t/g; s/%25/%/g'
 }
 
 # Expects the answers to be standard input.
@@ -64,6 +64,107 @@ fi
 echo 'German (Austria)' | LANG=de_AT.UTF-8 expect 'system locale'
 echo 'de_AT.UTF-8' | LANG=de_AT.UTF-8 expect 'platform id of system ui language'
 echo 'French' | LANG=fr_FR expect 'primary language of system locale'
+
+# ---- The content of files ----------------------------------------------------------------------------------------------
+
+text="$folder/text"
+{
+    printf 'alpha\n\n  beta = 1 ; comment  \nGamma: two words\t\n; nothing = here\nalphabet\n'
+    seq -f 'line %g of many' 5000
+    printf '[first]\nname = one\n other=1\n{brace}\nname=inside\n[ Second ]\nNAME : two\nlast without an end'
+} >"$text"
+: >"$folder/empty"
+head -c 100000 /dev/urandom >"$folder/random"
+printf 'a\r\nb\r\n\r\nc\r\n' >"$folder/dos"
+of="of file \"$text\""
+
+wc -l <"$folder/dos" | tr -d ' ' | expect "number of lines of file \"$folder/dos\""
+tr -d '\r' <"$folder/dos" | expect "lines of file \"$folder/dos\""
+# The last line has no end, which wc does not count.
+echo $(($(wc -l <"$text") + 1)) | expect "number of lines $of"
+echo 0 | expect "number of lines of file \"$folder/empty\""
+cat "$text" <(echo) | expect "lines $of"
+tail -n 1 "$text" | expect "line (number of lines $of) $of"
+for number in 1 2 3 4 100 2500 5006; do
+    sed -n "${number}p" "$text" | expect "line $number $of"
+    sed -n "$((number + 1))p" "$text" | expect "next line of line $number $of"
+    [ $number -eq 1 ] || sed -n "$((number - 1))p" "$text" | expect "previous line of line $number $of"
+done
+for word in alpha 'line 49' ']' '=' 'of many' Alpha ' '; do
+    grep -F -- "$word" "$text" | expect "lines containing \"$word\" $of"
+    grep -F -n -- "$word" "$text" | cut -d: -f1 | expect "line numbers of lines containing \"$word\" $of"
+    awk -v start="$word" 'index($0, start) == 1' "$text" | expect "lines starting with \"$word\" $of"
+    grep -qF -- "$word" "$text" && found=True || found=False
+    echo $found | expect "content $of contains \"$word\""
+done
+grep -qi 'GAMMA: TWO' "$text" && echo True | expect "content $of as uppercase contains \"GAMMA: TWO\""
+grep -qi 'gamma: two' "$text" && echo True | expect "content $of as lowercase contains \"gamma: two\""
+
+# The first line that begins with the key, in whatever case, without its comment and without blanks around.
+key() {
+    awk -v name="$1" '
+        {
+            line = $0
+            sub(/^[ \t]*/, "", line)
+            if (tolower(substr(line, 1, length(name))) != tolower(name)) next
+            line = substr(line, length(name) + 1)
+            if (line !~ /^[ \t]*[=:]/) next
+            sub(/^[ \t]*[=:][ \t]*/, "", line)
+            sub(/;.*/, "", line)
+            sub(/[ \t]*$/, "", line)
+            print line
+            exit
+        }' "$2"
+}
+for name in beta BETA gamma name other; do
+    key "$name" "$text" | expect "key \"$name\" $of"
+done
+echo False | expect "exists key \"alpha\" $of"
+sed -n '/^\[first\]/,/^\[ Second \]/p' "$text" >"$folder/first"
+sed -n '/^\[ Second \]/,$p' "$text" >"$folder/second"
+sed -n '/^{brace}/,$p' "$text" >"$folder/brace"
+key name "$folder/first" | expect "key \"name\" of section \"first\" $of"
+key other "$folder/first" | expect "key \"other\" of section \"FIRST\" $of"
+key name "$folder/second" | expect "key \"name\" of section \"second\" $of"
+key name "$folder/brace" | expect "key \"name\" of section \"brace\" $of"
+for name in MemTotal SwapTotal; do
+    key $name /proc/meminfo | expect "key \"$name\" of file \"/proc/meminfo\""
+done
+if [ -r /etc/os-release ]; then
+    key ID /etc/os-release | expect 'key "ID" of file "/etc/os-release"'
+    key VERSION_ID /etc/os-release | expect 'key "VERSION_ID" of file "/etc/os-release"'
+fi
+
+if has sha1sum; then
+    for file in "$text" "$folder/empty" "$folder/random" "$folder/dos" /etc/passwd; do
+        sha1sum <"$file" | cut -d' ' -f1 | expect "sha1 of file \"$file\""
+    done
+    for word in '' a 'two words'; do
+        printf '%s' "$word" | sha1sum | cut -d' ' -f1 | expect "sha1 of \"$word\""
+    done
+fi
+for place in 0 1 255 4096 99999; do
+    od -An -tu1 -j $place -N 1 "$folder/random" | tr -d ' ' | expect "byte $place of file \"$folder/random\""
+done
+echo False | expect "exists byte 100000 of file \"$folder/random\""
+
+# ---- Owners of files ---------------------------------------------------------------------------------------------------
+
+if has getent; then
+    for file in /etc/passwd /etc/shadow "$text"; do
+        getent passwd "$(stat -c %u "$file")" | cut -d: -f1 | expect "user name of file \"$file\""
+        getent group "$(stat -c %g "$file")" | cut -d: -f1 | expect "group name of file \"$file\""
+    done
+    # What the system's own data base says where it is that file, line by line.
+    getent -s files passwd | cut -d: -f1 |
+        expect 'preceding texts of firsts ":" of lines whose (it contains ":") of file "/etc/passwd"'
+    if has who; then
+        for name in $(who | awk '{ print $1 }' | sort -u); do
+            getent passwd "$name" | cut -d: -f1 | expect "unique values of names of users \"$name\""
+        done
+    fi
+    echo False | expect 'exists user "no such user"'
+fi
 
 # ---- Processors and memory ---------------------------------------------------------------------------------------------
 
