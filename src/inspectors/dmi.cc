@@ -286,7 +286,7 @@ class Catalogue {
 public:
     Catalogue() {
         for (const SmbType* row = smbTypeTable; row->type != -1; ++row) {
-            if (row->dmiType != nullptr) {
+            if (row->IsOnDmi()) {
                 Register(*row);
             }
         }

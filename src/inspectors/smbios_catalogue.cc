@@ -35,11 +35,11 @@ constexpr SmbType OnBoth(int type, const SmbValue (&values)[Count]) {
 }
 template <Word W, size_t Count>
 constexpr SmbType OnSmbiosOnly(int type, const SmbValue (&values)[Count]) {
-    return {type, Count, W.View(), kPlural<W>.text, nullptr, values};
+    return {type, Count, W.View(), kPlural<W>.text, "", values};
 }
 template <Word W>
 constexpr SmbType WithoutFields(int type) {
-    return {type, 0, W.View(), kPlural<W>.text, nullptr, nullptr};
+    return {type, 0, W.View(), kPlural<W>.text, "", nullptr};
 }
 
 // clang-format off
@@ -488,7 +488,7 @@ constexpr SmbType smbTypeTable[] = {
     OnBoth<"onboard_devices_extended_information">      (41, smbValueTable_Type41),
     WithoutFields<"inactive">                           (126),
     WithoutFields<"end_of_table">                       (127),
-    {-1, 0, {}, nullptr, nullptr, nullptr},
+    {-1, 0, {}, "", "", nullptr},
 };
 // clang-format on
 
@@ -497,7 +497,7 @@ namespace {
 constexpr size_t Count(bool fields) {
     size_t count = 0;
     for (const SmbType& type : smbTypeTable) {
-        count += type.dmiType == nullptr ? 0 : fields ? type.count : 1;
+        count += !type.IsOnDmi() ? 0 : fields ? type.count : 1;
     }
     return count;
 }

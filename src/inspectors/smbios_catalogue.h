@@ -44,9 +44,10 @@ struct SmbType {
     unsigned count;  // of its fields
     std::string_view name;
     const char* plural;
-    const char* dmiType;  // the name of its type in the language, "dmi memory_device"; null where `dmi` has none
+    const char* dmiType;  // the name of its type in the language, "dmi memory_device"; empty where `dmi` has none
     const SmbValue* values;
 
+    constexpr bool IsOnDmi() const { return *dmiType != 0; }
     const SmbValue* begin() const { return values; }
     const SmbValue* end() const { return values + count; }
 };
