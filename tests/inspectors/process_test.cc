@@ -145,8 +145,11 @@ public:
             execve("/bin/sleep", arguments, variables);
             _exit(127);
         }
-        // Until the child is the new program, it has this one's command line.
-        for (int i = 0; i < 500 && Ask(Of("name of process @")) != Values({"sleep"}); ++i) {
+        // The new program has its name before it has its arguments and variables.
+        for (int i = 0; i < 500 && Ask(Of("name of process @; last 3 of concatenation of command line arguments of "
+                                          "process @; names of variables of environment of process @")) !=
+                                       Values({"sleep", "600", "FOO", "BARE"});
+             ++i) {
             usleep(10000);
         }
     }
