@@ -88,7 +88,10 @@ public:
     const char* Section() const override { return it_.Section(); }
     const char* Arch() const override { return it_.Arch(); }
     const char* PkgName() const override { return it_.ParentPkg().Name(); }
-    bool IsCurrent() const override { return it_.ParentPkg().CurrentVer() == it_; }
+    bool IsCurrent() const override {
+        const auto current = it_.ParentPkg().CurrentVer();
+        return !current.end() && current->ID == it_->ID;
+    }
     const char* RelStr() override {
         release_ = it_.RelStr();
         return release_.c_str();

@@ -24,6 +24,8 @@ trap 'rm -f "$report"' EXIT
 failed=0
 for transcript in "$here"/*.zendry; do
     case $transcript in
+        # Valgrind computes in 64 bits what the processor computes in 80, so that digits come out that do not exist.
+        */floating-points*.zendry) continue ;;
         *-types.zendry) types=-showtypes ;;
         *) types= ;;
     esac
@@ -34,5 +36,5 @@ for transcript in "$here"/*.zendry; do
         failed=1
     fi
 done
-[ "$failed" -eq 0 ] && echo "clean: $(ls "$here"/*.zendry | wc -l) transcripts"
+[ "$failed" -eq 0 ] && echo "clean: all transcripts but those of floating points"
 exit "$failed"
