@@ -1,31 +1,7 @@
 // Every type, phrase, cast and operator of the content of files and of GRUB's configuration is in the language.
-#include <gtest/gtest.h>
-
-#include <string>
-#include <string_view>
-
-#include "registry/type_registry.h"
+#include "tests/inspectors/vocabulary_rows.h"
 
 namespace {
-
-struct TypeRow {
-    const char* name;
-    const char* parent;
-};
-
-struct PropertyRow {
-    const char* singular;
-    const char* plural;
-    const char* index;
-    const char* object;
-    const char* result;
-};
-
-struct CastRow {
-    const char* name;
-    const char* source;
-    const char* result;
-};
 
 // clang-format off
 constexpr TypeRow kTypes[] = {
@@ -117,54 +93,24 @@ constexpr CastRow kCasts[] = {
 constexpr const char* kWithoutText[] = {"file section", "file content", "grub kernel", "grub color scheme", "grub config file"};
 // clang-format on
 
-const GuardType* Named(std::string_view name) {
-    const TypeRegistry& registry = TypeRegistry::Instance();
-    return name.empty() ? registry.WorldType() : registry.TypeByName(name);
-}
-
 TEST(ContentVocabulary, EveryTypeIsThereWithItsParent) {
     for (const TypeRow& row : kTypes) {
-        SCOPED_TRACE(row.name);
-        const GuardType* type = Named(row.name);
-        ASSERT_NE(type, nullptr);
-        EXPECT_EQ(type->parent == nullptr ? "" : type->parent->Name(), row.parent);
+        ExpectType(row);
     }
-}
-
-const PropertyAssociation* OwnRow(const PropertyRow& row, std::string_view phrase) {
-    for (const PropertyAssociation& entry : TypeRegistry::Instance().Properties()) {
-        if (entry.name == phrase && entry.indexType == Named(row.index) &&
-            entry.directObjectType == Named(row.object)) {
-            return &entry;
-        }
-    }
-    return nullptr;
 }
 
 TEST(ContentVocabulary, EveryPhraseIsThereInBothNumbers) {
     for (const PropertyRow& row : kProperties) {
-        SCOPED_TRACE(std::string(row.singular) + " " + row.index + " of " + row.object);
-        const PropertyAssociation* singular = OwnRow(row, row.singular);
-        const PropertyAssociation* plural = OwnRow(row, row.plural);
-        ASSERT_NE(singular, nullptr);
-        ASSERT_NE(plural, nullptr);
-        EXPECT_FALSE(singular->isPlural);
-        EXPECT_TRUE(plural->isPlural);
-        EXPECT_EQ(singular->accessor, plural->accessor);
-        EXPECT_EQ(singular->accessor->resultType->Name(), row.result);
+        ExpectPhrase(row);
     }
 }
 
 TEST(ContentVocabulary, EveryCastIsThereAndNoOther) {
     for (const CastRow& row : kCasts) {
-        SCOPED_TRACE(std::string(row.source) + " as " + row.name);
-        const CastDefinition* cast = TypeRegistry::Instance().FindCast(Named(row.source), row.name);
-        ASSERT_NE(cast, nullptr);
-        EXPECT_EQ(cast->sourceType, Named(row.source));
-        EXPECT_EQ(cast->resultType->Name(), row.result);
+        ExpectCast(row);
     }
     for (const char* type : kWithoutText) {
-        EXPECT_EQ(TypeRegistry::Instance().FindCast(Named(type), "string"), nullptr) << type;
+        ExpectNoText(type);
     }
 }
 

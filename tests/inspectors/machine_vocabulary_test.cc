@@ -1,27 +1,8 @@
 // Every phrase and cast of the machine itself - its system, network, processes, processors, memory and users - is in
 // the language, and there is no cast that is not meant.
-#include <gtest/gtest.h>
-
-#include <string>
-#include <string_view>
-
-#include "registry/type_registry.h"
+#include "tests/inspectors/vocabulary_rows.h"
 
 namespace {
-
-struct PropertyRow {
-    const char* singular;
-    const char* plural;
-    const char* index;
-    const char* object;
-    const char* result;
-};
-
-struct CastRow {
-    const char* name;
-    const char* source;
-    const char* result;
-};
 
 // clang-format off
 constexpr PropertyRow kProperties[] = {
@@ -201,47 +182,18 @@ constexpr const char* kWithoutText[] = {
 };
 // clang-format on
 
-const GuardType* Named(std::string_view name) {
-    const TypeRegistry& registry = TypeRegistry::Instance();
-    return name.empty() ? registry.WorldType() : registry.TypeByName(name);
-}
-
-const PropertyAssociation* OwnRow(const PropertyRow& row, std::string_view phrase) {
-    for (const PropertyAssociation& entry : TypeRegistry::Instance().Properties()) {
-        if (entry.name == phrase && entry.indexType == Named(row.index) &&
-            entry.directObjectType == Named(row.object)) {
-            return &entry;
-        }
-    }
-    return nullptr;
-}
-
 TEST(MachineVocabulary, EveryPhraseIsThereInBothNumbers) {
     for (const PropertyRow& row : kProperties) {
-        SCOPED_TRACE(std::string(row.singular) + " " + row.index + " of " + row.object);
-        ASSERT_NE(Named(row.object), nullptr);
-        const PropertyAssociation* singular = OwnRow(row, row.singular);
-        const PropertyAssociation* plural = OwnRow(row, row.plural);
-        ASSERT_NE(singular, nullptr);
-        ASSERT_NE(plural, nullptr);
-        EXPECT_FALSE(singular->isPlural);
-        EXPECT_TRUE(plural->isPlural);
-        EXPECT_EQ(singular->accessor, plural->accessor);
-        EXPECT_EQ(singular->accessor->resultType->Name(), row.result);
+        ExpectPhrase(row);
     }
 }
 
 TEST(MachineVocabulary, EveryCastIsThereAndNoOther) {
     for (const CastRow& row : kCasts) {
-        SCOPED_TRACE(std::string(row.source) + " as " + row.name);
-        const CastDefinition* cast = TypeRegistry::Instance().FindCast(Named(row.source), row.name);
-        ASSERT_NE(cast, nullptr);
-        EXPECT_EQ(cast->sourceType, Named(row.source));
-        EXPECT_EQ(cast->resultType->Name(), row.result);
+        ExpectCast(row);
     }
     for (const char* type : kWithoutText) {
-        ASSERT_NE(Named(type), nullptr) << type;
-        EXPECT_EQ(TypeRegistry::Instance().FindCast(Named(type), "string"), nullptr) << type;
+        ExpectNoText(type);
     }
 }
 
