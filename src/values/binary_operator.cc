@@ -4,7 +4,7 @@
 #include "evaluator/adapters.h"
 #include "registry/operator_names.h"
 #include "values/inspector_type.h"
-#include "values/registry_walk.h"
+#include "values/operator_iterator.h"
 #include "values/string.h"
 
 struct binary_operator {
@@ -27,27 +27,7 @@ namespace {
 
 using Entry = binary_operator;
 
-auto Named(const inspector_string& name) {
-    return [name = name.View()](const Entry& entry) { return name == entry.Names().name; };
-}
-auto Returning(const inspector_type& result) {
-    return [type = result.type](const Entry& entry) { return entry.accessor->resultType == type; };
-}
-
-class binary_operator_iterator {
-public:
-    using Value = std::optional<binary_operator>;
-
-    Value First() { return walk_.First(kAnyEntry); }
-    Value Next() { return walk_.Next(kAnyEntry); }
-    Value FirstWithName(const inspector_string& name) { return walk_.First(Named(name)); }
-    Value NextWithName(const inspector_string& name) { return walk_.Next(Named(name)); }
-    Value FirstWithResult(const inspector_type& result) { return walk_.First(Returning(result)); }
-    Value NextWithResult(const inspector_type& result) { return walk_.Next(Returning(result)); }
-
-private:
-    registry_walk<binary_operator, &TypeRegistry::BinaryOperators> walk_;
-};
+using binary_operator_iterator = operator_iterator<binary_operator, &TypeRegistry::BinaryOperators>;
 
 inspector_string name_of_operator(const Entry& entry) { return inspector_string(entry.Names().name); }
 inspector_string symbol_of_operator(const Entry& entry) { return inspector_string(entry.Names().symbol); }
