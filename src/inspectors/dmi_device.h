@@ -40,7 +40,7 @@ struct DmiStepFailed {
 struct DmiEntryPoint {
     uint32_t length;
     uint32_t address;
-    unsigned char revision;  // of the specification, in binary-coded decimal
+    unsigned char revision;  // of SMBIOS, in binary-coded decimal
 };
 
 struct DmiFirmwareTable {

@@ -5,7 +5,7 @@
 //          1     8  reserved, zero
 //          9     2  reserved, zero; in memory a pair of digits
 //         11     9  reserved, zero
-//         20     1  revision of the specification, in binary-coded decimal
+//         20     1  revision of SMBIOS, in binary-coded decimal
 //         21     1  how the table was cut: 2 or 3
 //         22     4  offset of the index
 //         26     4  number of index records

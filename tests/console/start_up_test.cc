@@ -143,6 +143,7 @@ TEST_F(StartUp, AConfigurationThatMayNotBeReadIsTold) {
         const Ended ended = Started(With({{"OSLClientConfigPath", path}}));
         return std::to_string(ended.status) + " " + ended.output + ended.errors;
     });
+    // Root reads every file, so that another user has to ask; a build in a folder of root's alone shows him no console.
     if (told == "not here") {
         GTEST_SKIP() << "others may not start the console";
     }
@@ -407,6 +408,7 @@ TEST_F(StartUp, AMastheadAtItsDefaultPlaceIsUsedAndTold) {
         const Ended ended = Started(environment);
         return std::to_string(ended.status) + " " + ended.errors;
     });
+    // The default place lies in /etc: only in a mount namespace of its own can a test put a masthead there.
     if (told == "not here") {
         GTEST_SKIP() << "this machine gives no mount namespace";
     }

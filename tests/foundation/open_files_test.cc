@@ -335,6 +335,7 @@ TEST(FileReader, AnExactReadOfAFileWithoutALengthMayBeginWithThePeekedByte) {
 
 TEST(FileReader, AFileThatDoesNotFillItsLengthEnds) {
     const char* const name = "/sys/kernel/mm/transparent_hugepage/enabled";
+    // Only the kernel makes files whose length lies, and not every kernel has this one.
     if (::access(name, R_OK) != 0) {
         GTEST_SKIP() << "no such file here";
     }
