@@ -313,6 +313,16 @@ bool HasFlag(const CpuRecord& record, std::string_view flag) {
     return list.find(" " + std::string(flag) + " ") != std::string::npos;
 }
 
+// A sum that doesn't fit has no value, and gets none by what comes behind.
+void AddTo(std::optional<int64_t>& sum, int64_t count) {
+    int64_t total = 0;
+    if (sum && !__builtin_add_overflow(*sum, count, &total)) {
+        sum = total;
+    } else {
+        sum.reset();
+    }
+}
+
 }  // namespace
 
 CpuPackages CountPackages(const std::vector<CpuRecord>& records) {
@@ -329,8 +339,8 @@ CpuPackages CountPackages(const std::vector<CpuRecord>& records) {
         const int64_t cores = record.cpuCores.value_or(1);
         const int64_t threads = record.siblings.value_or(1);
         ++sum.packages;
-        sum.cores += cores;
-        sum.threads += threads;
+        AddTo(sum.cores, cores);
+        AddTo(sum.threads, threads);
         sum.smtEnabled = sum.smtEnabled || threads > cores;
     }
     return sum;

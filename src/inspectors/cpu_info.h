@@ -65,8 +65,8 @@ std::string_view FamilyName(const CpuRecord& record);
 
 struct CpuPackages {
     int64_t packages = 0;
-    int64_t cores = 0;
-    int64_t threads = 0;
+    std::optional<int64_t> cores = 0;    // absent where the sum doesn't fit
+    std::optional<int64_t> threads = 0;  // likewise
     bool smtCapable = false;
     bool smtEnabled = false;
 };

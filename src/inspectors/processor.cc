@@ -116,8 +116,9 @@ inspector_string FamilyNameOf(const processor& p) { return inspector_string(Fami
 cpupackage Packages() { return cpupackage(CountPackages(Processors())); }
 
 template <auto Field>
-integer Count(const cpupackage& p) {
-    return p.Counts().*Field;
+std::optional<integer> Count(const cpupackage& p) {
+    const std::optional<int64_t> count = p.Counts().*Field;
+    return count ? std::optional<integer>(*count) : std::nullopt;
 }
 template <auto Field>
 boolean Capability(const cpupackage& p) {

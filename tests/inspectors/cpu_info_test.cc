@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <cmath>
+#include <limits>
 
 #include "tests/inspectors/ask.h"
 
@@ -182,6 +183,20 @@ TEST(CpuPackages, WithoutTheirKeysAreOneCoreAndOneThreadEach) {
     EXPECT_FALSE(sum.smtEnabled);
 }
 
+TEST(CpuPackages, HaveNoSumThatDoesNotFit) {
+    const std::string most = std::to_string(std::numeric_limits<int64_t>::max());
+    const CpuPackages cores = CountPackages(ParseCpuInfo("processor: 0\ncpu cores: " + most + "\nprocessor: 1\n"));
+    EXPECT_EQ(cores.packages, 2);
+    EXPECT_EQ(cores.cores, std::nullopt);
+    EXPECT_EQ(cores.threads, 2);
+    const CpuPackages threads = CountPackages(
+        ParseCpuInfo("processor: 0\nsiblings: -" + most + "\nprocessor: 1\nsiblings: -2\nprocessor: 2\nsiblings: 4\n"));
+    EXPECT_EQ(threads.cores, 3);
+    EXPECT_EQ(threads.threads, std::nullopt);
+    EXPECT_EQ(CountPackages(ParseCpuInfo("processor: 0\ncpu cores: " + most + "\n")).cores,
+              std::numeric_limits<int64_t>::max());
+}
+
 TEST(Processors, OfThisMachineAnswer) {
     EXPECT_EQ(Ask("number of processors"), Values({std::to_string(sysconf(_SC_NPROCESSORS_ONLN))}));
     EXPECT_EQ(Ask("indexes of processors"),
@@ -272,7 +287,7 @@ TEST(Processors, HaveASpeedWhereTheKernelTellsIt) {
 TEST(CpuPackages, OfThisMachineAnswerEveryPhraseInBothNumbers) {
     const CpuPackages sum = CountPackages(ReadCpuInfo());
     const Answer expected =
-        Values({std::to_string(sum.packages), std::to_string(sum.cores), std::to_string(sum.threads),
+        Values({std::to_string(sum.packages), std::to_string(sum.cores.value()), std::to_string(sum.threads.value()),
                 sum.smtCapable ? "True" : "False", sum.smtEnabled ? "True" : "False"});
     EXPECT_EQ(Ask("(count of it as string; core of it as string; thread of it as string; smt capable of it as string; "
                   "smt enabled of it as string) of cpupackage"),
