@@ -6,9 +6,9 @@
 #ifndef CONSOLE_QUESTIONER_H
 #define CONSOLE_QUESTIONER_H
 
+#include "foundation/character_set.h"
 #include "foundation/const_data.h"
 #include "foundation/line_receiver.h"
-#include "language/character_set.h"
 
 class Questioner final : public LineReceiver {
 public:

@@ -1,6 +1,6 @@
 #include "language/floating_point_numeral_lexeme.h"
 
-#include "language/character_set.h"
+#include "foundation/character_set.h"
 
 void FloatingPointNumeralLexeme::Start(unsigned long) {
     value_ = 0;

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include "language/character_set.h"
+#include "foundation/character_set.h"
 
 void GuardStringLexeme::Start(unsigned long) {
     handler_ = &GuardStringLexeme::StartQuotation;

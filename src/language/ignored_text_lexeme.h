@@ -2,7 +2,7 @@
 #ifndef LANGUAGE_IGNORED_TEXT_LEXEME_H
 #define LANGUAGE_IGNORED_TEXT_LEXEME_H
 
-#include "language/character_set.h"
+#include "foundation/character_set.h"
 #include "language/lexeme.h"
 
 class IgnoredTextLexeme final : public Lexeme {

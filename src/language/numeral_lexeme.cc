@@ -2,7 +2,7 @@
 
 #include <limits>
 
-#include "language/character_set.h"
+#include "foundation/character_set.h"
 
 template <unsigned Base>
 void BasedNumeralLexeme<Base>::Start(unsigned long) {

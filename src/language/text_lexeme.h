@@ -2,7 +2,7 @@
 #ifndef LANGUAGE_TEXT_LEXEME_H
 #define LANGUAGE_TEXT_LEXEME_H
 
-#include "language/character_set.h"
+#include "foundation/character_set.h"
 #include "language/lexeme.h"
 #include "language/lexeme_acceptors.h"
 

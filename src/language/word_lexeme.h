@@ -2,8 +2,8 @@
 #ifndef LANGUAGE_WORD_LEXEME_H
 #define LANGUAGE_WORD_LEXEME_H
 
+#include "foundation/character_set.h"
 #include "foundation/data_filter.h"
-#include "language/character_set.h"
 #include "language/lexeme.h"
 #include "language/lexeme_acceptors.h"
 

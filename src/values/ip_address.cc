@@ -4,7 +4,7 @@
 #include <charconv>
 
 #include "evaluator/adapters.h"
-#include "language/character_set.h"
+#include "foundation/character_set.h"
 #include "values/aggregates.h"
 #include "values/string.h"
 

@@ -1,6 +1,6 @@
 #include "values/time_language.h"
 
-#include "language/character_set.h"
+#include "foundation/character_set.h"
 
 namespace {
 

@@ -5,6 +5,7 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <pty.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -28,8 +29,8 @@ inline Environment ExampleAgent() {
             {"OSLClientActionMastheadPath", BuildFolder() + "/agent/actionsite.aqzm"}};
 }
 
-// A started program.  What it writes is gathered until a text is seen or until it ends; one that says nothing for ten
-// seconds is ended.
+// A started program.  What it writes is gathered until a text is seen or until it ends; one that says nothing for a
+// minute is ended.
 class Program {
 public:
     enum class Input { Pipe, Terminal, Closed };
@@ -135,13 +136,16 @@ public:
             kill(process_, SIGKILL);
         }
         int status = 0;
-        waitpid(process_, &status, 0);
+        rusage usage{};
+        wait4(process_, &status, 0, &usage);
+        peakKilobytes = usage.ru_maxrss;
         process_ = -1;
         return !silent_ && WIFEXITED(status) ? WEXITSTATUS(status) : -1;
     }
 
     std::string output;
     std::string errors;
+    long peakKilobytes = 0;  // of memory that was resident at once, told by Status
 
 private:
     // Takes what has come.  False at the end of both streams or after a long silence.
@@ -150,7 +154,7 @@ private:
         if (!outputOpen_ && !errorsOpen_) {
             return false;
         }
-        if (poll(streams, 2, 10000) <= 0) {
+        if (poll(streams, 2, kSilence) <= 0) {
             silent_ = true;
             return false;
         }
@@ -170,6 +174,8 @@ private:
             text.append(buffer, static_cast<size_t>(count));
         }
     }
+
+    static constexpr int kSilence = 60 * 1000;  // milliseconds
 
     pid_t process_ = -1;
     int input_ = -1;

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "language/character_set.h"
+#include "foundation/character_set.h"
 #include "language/ignored_text_lexeme.h"
 #include "language/lexer.h"
 

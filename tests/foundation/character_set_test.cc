@@ -1,4 +1,4 @@
-#include "language/character_set.h"
+#include "foundation/character_set.h"
 
 #include <gtest/gtest.h>
 
