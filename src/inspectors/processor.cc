@@ -1,6 +1,4 @@
 // Processors and their packages, from the kernel's list.
-#include <cmath>
-#include <limits>
 #include <optional>
 #include <vector>
 
@@ -76,18 +74,13 @@ std::optional<processor> ProcessorByNumber(integer number) {
 
 std::optional<processor> MainProcessor() { return ProcessorByNumber(0); }
 
-// A number rounded to the nearest integer; none for what no integer holds.
-std::optional<integer> Rounded(double number) {
-    const double rounded = std::round(number);
-    constexpr double kBound = 9223372036854775808.0;  // 2 to the 63
-    return rounded >= -kBound && rounded < kBound ? std::optional<integer>(static_cast<int64_t>(rounded))
-                                                  : std::nullopt;
+std::optional<integer> AsInteger(const std::optional<int64_t>& number) {
+    return number ? std::optional<integer>(*number) : std::nullopt;
 }
 
 template <auto Field>
 std::optional<integer> Number(const processor& p) {
-    const std::optional<int64_t>& number = p.Record().*Field;
-    return number ? std::optional<integer>(*number) : std::nullopt;
+    return AsInteger(p.Record().*Field);
 }
 
 template <auto Field>
@@ -102,14 +95,9 @@ std::optional<inspector_string> Text(const processor& p) {
     return text ? std::optional<inspector_string>(CopiedString(*text)) : std::nullopt;
 }
 
-std::optional<hertz> Speed(const processor& p) {
-    constexpr double kHertzOfMegahertz = 1000000;
-    return p.Record().mhz ? hertz::Of(Rounded(*p.Record().mhz * kHertzOfMegahertz)) : std::nullopt;
-}
+std::optional<hertz> Speed(const processor& p) { return hertz::Of(AsInteger(Hertz(p.Record()))); }
 
-std::optional<integer> Bogomips(const processor& p) {
-    return p.Record().bogomips ? Rounded(*p.Record().bogomips) : std::nullopt;
-}
+std::optional<integer> BogomipsOf(const processor& p) { return AsInteger(Bogomips(p.Record())); }
 
 inspector_string FamilyNameOf(const processor& p) { return inspector_string(FamilyName(p.Record())); }
 
@@ -154,7 +142,7 @@ TruthOf<&CpuRecord::fpu>                                            fpu         
 TruthOf<&CpuRecord::fpuException>                                   fpuException  {"fpu exception", "fpu exceptions"};
 TruthOf<&CpuRecord::wp>                                             wp            {"wp", "wps"};
 Property<processor, hertz, Speed>                                   speed         {"speed", "speeds"};
-Property<processor, integer, Bogomips>                              bogomips      {"bogomips", "bogomipses"};
+Property<processor, integer, BogomipsOf>                            bogomips      {"bogomips", "bogomipses"};
 TextOf<&CpuRecord::vendorId>                                        vendorName    {"vendor name", "vendor names"};
 TextOf<&CpuRecord::modelName>                                       modelName     {"model name", "model names"};
 TextOf<&CpuRecord::modelName>                                       brandString   {"brand string", "brand strings"};
