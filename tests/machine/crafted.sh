@@ -51,7 +51,8 @@ process() {
 # ---- The machines ------------------------------------------------------------------------------------------------------
 
 # Eight processors of the first Pentiums III, each with one of the eight facts that are true or false; an old kernel's
-# memory; mains power; somebody at the display; processes of every kind; a second boot configuration behind a bad one.
+# memory; mains power; somebody at the display; processes of every kind; the file of a distribution before that of
+# another; a second boot configuration behind a bad one.
 old() {
     local flags=(fdiv_bug hlt_bug sep_bug f00f_bug coma_bug fpu fpu_exception wp) n flag
     for n in 0 1 2 3 4 5 6 7; do
@@ -98,6 +99,9 @@ END
     } | put run/utmp
     : | put tmp/.X11-unix/X0
 
+    echo 'Red Hat Linux release 9 (Shrike)' | put etc/redhat-release
+    echo '4.0' | put etc/debian_version
+    echo 'Linux version 2.4.20-8 (bhcompile@x) (gcc version 3.2.2 (Red Hat Linux 3.2.2-5)) #1' | put proc/version
     printf 'default 1\ntitle x\nkernel nonsense\n' | put boot/grub/menu.lst
     printf 'default 2\n' | put boot/grub/grub.conf
 }
@@ -125,6 +129,8 @@ SwapFree:          80013 kB
 Shmem:                 1 kB
 Cached:                1 kB
 END
+    echo 'Linux version 2.6.26-2-686 (Debian 2.6.26-19) (dannf@debian.org) (gcc version 4.1.3) #1 SMP' | put proc/version
+    echo '5.0.3' | put etc/debian_version
     put boot/grub/menu.lst <<'END'
 # The menu.
 default saved
@@ -180,7 +186,7 @@ cat >"$work/enter" <<'END'
 set -e
 machine=$1 root=$2 console=$3 run=$4
 mount --rbind / "$root"
-for folder in boot mnt run tmp; do
+for folder in boot etc mnt run tmp; do
     mount -t tmpfs none "$root/$folder"
 done
 mkdir "$root/mnt/real"
@@ -189,7 +195,11 @@ mount -t tmpfs none "$root/proc"
 mkdir "$root/proc/$$"
 mount --bind "$root/mnt/real/$$" "$root/proc/$$"
 ln -s $$ "$root/proc/self"
-for folder in boot proc run tmp; do
+# What the system's own libraries want of the folder.
+for file in group hosts ld.so.cache nsswitch.conf passwd ssl; do
+    [ ! -e "/etc/$file" ] || cp -R "/etc/$file" "$root/etc/"
+done
+for folder in boot etc proc run tmp; do
     [ ! -d "$machine/$folder" ] || cp -R "$machine/$folder/." "$root/$folder/"
 done
 for folder in "$(dirname "$(dirname "$console")")" "$(dirname "$run")"; do
