@@ -1,50 +1,15 @@
-// Processors and their packages, from the kernel's list.
+#include "inspectors/processor.h"
+
 #include <optional>
-#include <vector>
 
 #include "evaluator/adapters.h"
-#include "evaluator/inspector_cache.h"
-#include "inspectors/cpu_info.h"
 #include "values/hertz.h"
 #include "values/integer.h"
 #include "values/string.h"
 
-// One of the kernel's records.
-class processor {
-public:
-    explicit processor(const CpuRecord& record) : record_(record) {}
-    const CpuRecord& Record() const { return record_; }
-
-private:
-    CpuRecord record_;
-};
-
-template <>
-struct InspectorTypeInfo<processor> : InspectorTypeBasics<processor, 0> {
-    static constexpr char Name[] = "processor";
-    static constexpr unsigned Size = sizeof(processor);
-};
-
-// What all records together say of the machine's packages.
-class cpupackage {
-public:
-    explicit cpupackage(const CpuPackages& counts) : counts_(counts) {}
-    const CpuPackages& Counts() const { return counts_; }
-
-private:
-    CpuPackages counts_;
-};
-
-template <>
-struct InspectorTypeInfo<cpupackage> : InspectorTypeBasics<cpupackage, 0> {
-    static constexpr char Name[] = "cpupackage";
-    static constexpr unsigned Size = sizeof(cpupackage);
-};
+ThreadLocalInspectorCache<std::vector<CpuRecord>> ClearProcessorCache;
 
 namespace {
-
-// The list that was read last, emptied when the caches are.
-ThreadLocalInspectorCache<std::vector<CpuRecord>> ClearProcessorCache;
 
 const std::vector<CpuRecord>& Processors() {
     const std::vector<CpuRecord>* cached = ClearProcessorCache.Get();

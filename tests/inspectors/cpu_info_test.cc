@@ -7,6 +7,7 @@
 #include <cmath>
 
 #include "foundation/file_error.h"
+#include "inspectors/processor.h"
 #include "tests/foundation/temporary_place.h"
 #include "tests/inspectors/ask.h"
 
@@ -316,6 +317,59 @@ TEST(CpuPackages, WithoutAPhysicalIdAreOfOneRecordEach) {
     EXPECT_EQ(sum.threads, 5) << "a package's first record speaks for it";
     EXPECT_TRUE(sum.smtEnabled);
     EXPECT_EQ(CountPackages({}).packages, 0);
+}
+
+// Others' records in the place of this machine's.
+class CachedProcessors : public testing::Test {
+protected:
+    CachedProcessors() { ClearProcessorCache.Fill(ParseCpuInfo(text_)); }
+    ~CachedProcessors() override { ClearCaches(true); }
+
+private:
+    // Each has one of the facts that are true or false, and numbers of its own.
+    const std::string text_ =
+        "processor : 5\nfdiv_bug : yes\nhlt_bug : no\nmodel : 1\ncpu family : 2\nstepping : 3\ncpuid level : 4\n"
+        "cpu MHz : 1002.275\nbogomips : 1998.5\nvendor_id : v\nmodel name : m (R)\nflags : f\n"
+        "processor : 6\nhlt_bug : yes\nfdiv_bug : no\n"
+        "processor : 7\nsep_bug : yes\n"
+        "processor : 8\nf00f_bug : yes\n"
+        "processor : 9\ncoma_bug : yes\n"
+        "processor : 10\nfpu : yes\n"
+        "processor : 11\nfpu_exception : yes\n"
+        "processor : 12\nwp : yes\n";
+};
+
+TEST_F(CachedProcessors, EachPhraseGivesItsOwnField) {
+    EXPECT_EQ(Ask("(index of it, model of it, family of it, stepping of it, cpuid level of it) of main processor as "
+                  "string"),
+              Values({"5, 1, 2, 3, 4"}));
+    EXPECT_EQ(Ask("(speed of it as string; bogomips of it as string) of main processor"),
+              Values({"1002275000 hertz", "1999"}));
+    EXPECT_EQ(
+        Ask("(vendor name of it; model name of it; brand string of it; family name of it; flag list of it) of main "
+            "processor"),
+        Values({"v", "m (R)", "m (R)", "Unknown", "f"}));
+    const char* const facts[] = {"fdiv bug", "hlt bug", "sep bug",       "f00f bug",
+                                 "coma bug", "fpu",     "fpu exception", "wp"};
+    int index = 5;
+    for (const std::string fact : facts) {
+        EXPECT_EQ(Ask("(index of it as string) of processors whose (exists " + fact + " of it and " + fact + " of it)"),
+                  Values({std::to_string(index++)}))
+            << fact;
+    }
+    EXPECT_EQ(Ask("fdiv bugs of processors; hlt bugs of processors; exists sep bug of main processor"),
+              Values({"True", "False", "False", "True", "False"}));
+    EXPECT_EQ(Ask("index of processor 7"), Values({"12"})) << "counted by their places";
+    EXPECT_EQ(Ask("index of processor 8"), DoesNotExist());
+    EXPECT_EQ(Ask("exists speed of processor 1; exists bogomips of processor 1; exists model name of processor 1"),
+              Values({"False", "False", "False"}));
+    EXPECT_EQ(Ask("count of cpupackage"), Values({"8"}));
+}
+
+TEST_F(CachedProcessors, StayUntilTheCachesAreCleared) {
+    EXPECT_EQ(Ask("number of processors"), Values({"8"}));
+    ClearCaches(false);
+    EXPECT_EQ(Ask("number of processors"), Values({std::to_string(sysconf(_SC_NPROCESSORS_ONLN))}));
 }
 
 TEST(Processors, OfThisMachineAnswer) {
