@@ -20,7 +20,7 @@ here=$(dirname "$(realpath "$0")")
 . "$here/../../scripts/agent.sh"
 in_example_agent "$console"
 
-for tool in unshare mount chroot perl; do
+for tool in unshare mount setpriv chroot perl; do
     command -v $tool >/dev/null || { echo "skipped: there is no $tool"; exit 77; }
 done
 work=$(mktemp -d)
@@ -77,6 +77,13 @@ END
     process 18 '/usr/bin/second (deleted)'
     process 19 /third
     process 20 ''
+    # Files that cannot be read, and files that are somebody else's.
+    process 22 /usr/bin/unreadable
+    mkdir "$machine/proc/22/cmdline" "$machine/proc/22/environ"
+    process 23 /usr/bin/secret
+    echo secret | put proc/23/cmdline
+    echo SECRET=1 | put proc/23/environ
+    chmod 0 "$machine/proc/23/cmdline" "$machine/proc/23/environ"
     process 0 /usr/bin/zero
     process keys /usr/bin/keys
     process 21x /usr/bin/first
@@ -196,17 +203,18 @@ mkdir "$root/proc/$$"
 mount --bind "$root/mnt/real/$$" "$root/proc/$$"
 ln -s $$ "$root/proc/self"
 # What the system's own libraries want of the folder.
-for file in group hosts ld.so.cache nsswitch.conf passwd ssl; do
-    [ ! -e "/etc/$file" ] || cp -R "/etc/$file" "$root/etc/"
+for file in group hosts ld.so.cache nsswitch.conf passwd; do
+    [ ! -e "/etc/$file" ] || cp "/etc/$file" "$root/etc/"
 done
 for folder in boot etc proc run tmp; do
-    [ ! -d "$machine/$folder" ] || cp -R "$machine/$folder/." "$root/$folder/"
+    [ ! -d "$machine/$folder" ] || cp -R --preserve=mode "$machine/$folder/." "$root/$folder/"
 done
 for folder in "$(dirname "$(dirname "$console")")" "$(dirname "$run")"; do
     mkdir -p "$root$folder"
     mount --rbind "$folder" "$root$folder"
 done
-exec chroot "$root" "$console" "$run"
+# Without the right to read what others keep to themselves.
+exec setpriv --bounding-set -dac_override,-dac_read_search chroot "$root" "$console" "$run"
 END
 
 total=0
