@@ -150,10 +150,15 @@ void RemoveFirst(std::string& text, std::string_view word) {
     }
 }
 
+// Some makers' firmware writes the whole name in capitals.
 class NameWords {
 public:
     explicit NameWords(std::string_view name) : name_(name) {}
-    bool Has(std::string_view word) const { return name_.find(word) != std::string_view::npos; }
+    bool Has(std::string_view word) const {
+        const auto lower = [](char c) { return Ascii::lowercaseTable[static_cast<unsigned char>(c)]; };
+        return std::search(name_.begin(), name_.end(), word.begin(), word.end(),
+                           [&](char a, char b) { return lower(a) == lower(b); }) != name_.end();
+    }
 
 private:
     std::string_view name_;

@@ -231,6 +231,7 @@ constexpr FamilyRow kFamilies[] = {
     {"GenuineIntel", 6, 9, "Intel(R) Celeron(R) M processor", "Celeron M"},
     {"GenuineIntel", 15, 4, "Intel(R) Xeon(TM) CPU 3.00GHz", "Xeon"},
     {"GenuineIntel", 6, 45, "Intel(R) Xeon(R) CPU E5-2670 0 @ 2.60GHz", "Xeon"},
+    {"GenuineIntel", 6, 207, "INTEL(R) XEON(R) PLATINUM 8581C CPU @ 2.30GHz", "Xeon"},
     {"GenuineIntel", 7, 0, "Itanium", "Itanium"},
     {"GenuineIntel", 31, 0, "Madison", "Itanium 2"},
     {"GenuineIntel", 6, 14, "Genuine Intel(R) CPU T2400 @ 1.83GHz", "Core"},
