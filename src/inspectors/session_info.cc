@@ -69,7 +69,7 @@ std::optional<ConsoleUser> FindConsoleUser(const ConsolePlaces& places, std::spa
     if (!HasDisplaySocket(places.socketFolder)) {
         return std::nullopt;
     }
-    const auto atDisplay = FirstUser(records, [](const utmp& record) {
+    auto atDisplay = FirstUser(records, [](const utmp& record) {
         const std::string_view line = UtmpText(record.ut_line);
         return line == ":0" || UtmpText(record.ut_host) == ":0" || line == "console";
     });
