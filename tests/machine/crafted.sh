@@ -25,7 +25,9 @@ for tool in unshare mount setpriv chroot perl; do
 done
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
-unshare --user --map-root-user --mount true 2>"$work/why" || { echo "skipped: $(cat "$work/why")"; exit 77; }
+mkdir "$work/root"
+unshare --user --map-root-user --mount mount -t tmpfs none "$work/root" 2>"$work/why" ||
+    { echo "skipped: $(cat "$work/why")"; exit 77; }
 
 # ---- What machines are made of -----------------------------------------------------------------------------------------
 
@@ -222,7 +224,7 @@ failed=0
 for run in "$here"/crafted/*.zendry; do
     name=$(basename "$run" .zendry)
     machine=$work/$name
-    mkdir -p "$machine" "$work/root"
+    mkdir "$machine"
     "$name"
     total=$((total + 1))
     unshare --user --map-root-user --mount sh "$work/enter" "$machine" "$work/root" "$console" "$run" \
