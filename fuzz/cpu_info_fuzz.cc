@@ -1,5 +1,5 @@
 // Feeds arbitrary bytes to the parser of processor records: every record has a family name, a shortened name is no
-// longer than the whole, and packages are never more than records.
+// longer than the whole, a clock comes from its own line, and packages are never more than records.
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
@@ -11,6 +11,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const std::vector<CpuRecord> records = ParseCpuInfo({reinterpret_cast<const char*>(data), size});
     for (const CpuRecord& record : records) {
         Expect(!FamilyName(record).empty());
+        Expect(record.mhz || !Hertz(record));
+        Expect(record.bogomips || !Bogomips(record));
         const std::string name = record.modelName.value_or("");
         Expect(ShortenedModelName(record.vendorId.value_or(""), name).size() <= name.size());
     }

@@ -1,6 +1,7 @@
 #include "inspectors/cpu_info.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
 
 #include "foundation/ascii.h"
@@ -103,11 +104,10 @@ std::vector<CpuRecord> ParseCpuInfo(std::string_view text) {
     return parser.Records();
 }
 
-std::vector<CpuRecord> ReadCpuInfo() {
-    constexpr const char* kPath = "/proc/cpuinfo";
-    const StdioFile file = OpenStdioFile(kPath);
+std::vector<CpuRecord> ReadCpuInfo(const char* path) {
+    const StdioFile file = OpenStdioFile(path);
     if (file == nullptr) {
-        throw FileIOError(0, kPath);
+        throw FileIOError(0, path);
     }
     CpuInfoParser parser;
     char piece[CpuInfoParser::kPiece + 1];
@@ -115,6 +115,25 @@ std::vector<CpuRecord> ReadCpuInfo() {
         parser.Line(piece);
     }
     return parser.Records();
+}
+
+namespace {
+
+std::optional<int64_t> Rounded(double number) {
+    const double rounded = std::round(number);
+    constexpr double kBound = 9223372036854775808.0;  // 2 to the 63
+    return rounded >= -kBound && rounded < kBound ? std::optional(static_cast<int64_t>(rounded)) : std::nullopt;
+}
+
+}  // namespace
+
+std::optional<int64_t> Hertz(const CpuRecord& record) {
+    constexpr double kHertzOfMegahertz = 1000000;
+    return record.mhz ? Rounded(*record.mhz * kHertzOfMegahertz) : std::nullopt;
+}
+
+std::optional<int64_t> Bogomips(const CpuRecord& record) {
+    return record.bogomips ? Rounded(*record.bogomips) : std::nullopt;
 }
 
 namespace {
@@ -131,10 +150,15 @@ void RemoveFirst(std::string& text, std::string_view word) {
     }
 }
 
+// Some makers' firmware writes the whole name in capitals.
 class NameWords {
 public:
     explicit NameWords(std::string_view name) : name_(name) {}
-    bool Has(std::string_view word) const { return name_.find(word) != std::string_view::npos; }
+    bool Has(std::string_view word) const {
+        const auto lower = [](char c) { return Ascii::lowercaseTable[static_cast<unsigned char>(c)]; };
+        return std::search(name_.begin(), name_.end(), word.begin(), word.end(),
+                           [&](char a, char b) { return lower(a) == lower(b); }) != name_.end();
+    }
 
 private:
     std::string_view name_;

@@ -54,8 +54,13 @@ private:
 // The same for a text that lies in memory.
 std::vector<CpuRecord> ParseCpuInfo(std::string_view text);
 
-// This machine's.  Throws FileIOError with the path where the file cannot be opened.
-std::vector<CpuRecord> ReadCpuInfo();
+// This machine's.  Throws FileIOError with the path and no error number where the file cannot be opened.
+std::vector<CpuRecord> ReadCpuInfo(const char* path = "/proc/cpuinfo");
+
+// The clock in hertz and the bogomips, rounded to the nearest integer; none without the field, and for what no integer
+// holds.
+std::optional<int64_t> Hertz(const CpuRecord& record);
+std::optional<int64_t> Bogomips(const CpuRecord& record);
 
 // The model name without the marks of its maker: each first "(R)", "(TM)", "(r)", "(tm)", and the vendor's own words.
 std::string ShortenedModelName(std::string_view vendorId, std::string_view modelName);

@@ -3,7 +3,7 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <cstring>
+#include <new>
 
 #include "evaluator/adapters.h"
 #include "inspectors/privileges.h"

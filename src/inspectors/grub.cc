@@ -41,8 +41,7 @@ std::optional<grub_config_file> ConfigFileAt(const inspector_string& path) {
     return ReadGrubConfig(FileLocation(path.View()));
 }
 
-// ---- The shapes of the properties: what each gives is told by the member of the record that it is registered with.
-// ----
+// The shapes of the properties: what each gives is told by the member of the record that it is registered with.
 
 template <auto Member, class Whole>
 inspector_string Text(const Whole& whole) {

@@ -295,7 +295,7 @@ std::optional<GrubColorScheme> ParseGrubColorScheme(std::string_view text) {
     if (!normal) {
         return std::nullopt;
     }
-    GrubColorScheme scheme{std::string(text), *std::move(normal), std::nullopt};
+    GrubColorScheme scheme{*std::move(normal), std::nullopt};
     if (const std::string_view word = TakeWord(rest); !word.empty()) {
         scheme.highlight = ParseColorPair(word);
         if (!scheme.highlight || !WithoutSpaceBefore(rest).empty()) {

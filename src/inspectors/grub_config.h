@@ -53,7 +53,6 @@ struct GrubColorPair {
     GrubColor background;
 };
 struct GrubColorScheme {
-    std::string text;
     GrubColorPair normal;
     std::optional<GrubColorPair> highlight;
 };

@@ -95,11 +95,10 @@ swap_info ParseSwap(std::string_view text) {
     return swap;
 }
 
-std::string ReadMemInfo() {
-    constexpr const char* kPath = "/proc/meminfo";
-    const StdioFile file = OpenStdioFile(kPath);
+std::string ReadMemInfo(const char* path) {
+    const StdioFile file = OpenStdioFile(path);
     if (file == nullptr) {
-        throw FileIOError(errno, kPath);
+        throw FileIOError(errno, path);
     }
     std::string text;
     char block[4096];

@@ -27,7 +27,7 @@ struct swap_info {
 ram_info ParseRam(std::string_view text);
 swap_info ParseSwap(std::string_view text);
 
-// This machine's text.  Throws FileIOError where the file cannot be opened.
-std::string ReadMemInfo();
+// This machine's text.  Throws FileIOError with the path and the error number where the file cannot be opened.
+std::string ReadMemInfo(const char* path = "/proc/meminfo");
 
 #endif

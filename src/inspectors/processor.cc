@@ -1,52 +1,15 @@
-// Processors and their packages, from the kernel's list.
-#include <cmath>
-#include <limits>
+#include "inspectors/processor.h"
+
 #include <optional>
-#include <vector>
 
 #include "evaluator/adapters.h"
-#include "evaluator/inspector_cache.h"
-#include "inspectors/cpu_info.h"
 #include "values/hertz.h"
 #include "values/integer.h"
 #include "values/string.h"
 
-// One of the kernel's records.
-class processor {
-public:
-    explicit processor(const CpuRecord& record) : record_(record) {}
-    const CpuRecord& Record() const { return record_; }
-
-private:
-    CpuRecord record_;
-};
-
-template <>
-struct InspectorTypeInfo<processor> : InspectorTypeBasics<processor, 0> {
-    static constexpr char Name[] = "processor";
-    static constexpr unsigned Size = sizeof(processor);
-};
-
-// What all records together say of the machine's packages.
-class cpupackage {
-public:
-    explicit cpupackage(const CpuPackages& counts) : counts_(counts) {}
-    const CpuPackages& Counts() const { return counts_; }
-
-private:
-    CpuPackages counts_;
-};
-
-template <>
-struct InspectorTypeInfo<cpupackage> : InspectorTypeBasics<cpupackage, 0> {
-    static constexpr char Name[] = "cpupackage";
-    static constexpr unsigned Size = 32;  // three counts and two flags
-};
+ThreadLocalInspectorCache<std::vector<CpuRecord>> ClearProcessorCache;
 
 namespace {
-
-// The list that was read last, emptied when the caches are.
-ThreadLocalInspectorCache<std::vector<CpuRecord>> ClearProcessorCache;
 
 const std::vector<CpuRecord>& Processors() {
     const std::vector<CpuRecord>* cached = ClearProcessorCache.Get();
@@ -76,18 +39,13 @@ std::optional<processor> ProcessorByNumber(integer number) {
 
 std::optional<processor> MainProcessor() { return ProcessorByNumber(0); }
 
-// A number rounded to the nearest integer; none for what no integer holds.
-std::optional<integer> Rounded(double number) {
-    const double rounded = std::round(number);
-    constexpr double kBound = 9223372036854775808.0;  // 2 to the 63
-    return rounded >= -kBound && rounded < kBound ? std::optional<integer>(static_cast<int64_t>(rounded))
-                                                  : std::nullopt;
+std::optional<integer> AsInteger(const std::optional<int64_t>& number) {
+    return number ? std::optional<integer>(*number) : std::nullopt;
 }
 
 template <auto Field>
 std::optional<integer> Number(const processor& p) {
-    const std::optional<int64_t>& number = p.Record().*Field;
-    return number ? std::optional<integer>(*number) : std::nullopt;
+    return AsInteger(p.Record().*Field);
 }
 
 template <auto Field>
@@ -102,14 +60,9 @@ std::optional<inspector_string> Text(const processor& p) {
     return text ? std::optional<inspector_string>(CopiedString(*text)) : std::nullopt;
 }
 
-std::optional<hertz> Speed(const processor& p) {
-    constexpr double kHertzOfMegahertz = 1000000;
-    return p.Record().mhz ? hertz::Of(Rounded(*p.Record().mhz * kHertzOfMegahertz)) : std::nullopt;
-}
+std::optional<hertz> Speed(const processor& p) { return hertz::Of(AsInteger(Hertz(p.Record()))); }
 
-std::optional<integer> Bogomips(const processor& p) {
-    return p.Record().bogomips ? Rounded(*p.Record().bogomips) : std::nullopt;
-}
+std::optional<integer> BogomipsOf(const processor& p) { return AsInteger(Bogomips(p.Record())); }
 
 inspector_string FamilyNameOf(const processor& p) { return inspector_string(FamilyName(p.Record())); }
 
@@ -155,7 +108,7 @@ TruthOf<&CpuRecord::fpu>                                            fpu         
 TruthOf<&CpuRecord::fpuException>                                   fpuException  {"fpu exception", "fpu exceptions"};
 TruthOf<&CpuRecord::wp>                                             wp            {"wp", "wps"};
 Property<processor, hertz, Speed>                                   speed         {"speed", "speeds"};
-Property<processor, integer, Bogomips>                              bogomips      {"bogomips", "bogomipses"};
+Property<processor, integer, BogomipsOf>                            bogomips      {"bogomips", "bogomipses"};
 TextOf<&CpuRecord::vendorId>                                        vendorName    {"vendor name", "vendor names"};
 TextOf<&CpuRecord::modelName>                                       modelName     {"model name", "model names"};
 TextOf<&CpuRecord::modelName>                                       brandString   {"brand string", "brand strings"};

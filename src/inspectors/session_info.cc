@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <mutex>
 
 #include "foundation/file_loop.h"
 
@@ -68,7 +69,7 @@ std::optional<ConsoleUser> FindConsoleUser(const ConsolePlaces& places, std::spa
     if (!HasDisplaySocket(places.socketFolder)) {
         return std::nullopt;
     }
-    const auto atDisplay = FirstUser(records, [](const utmp& record) {
+    auto atDisplay = FirstUser(records, [](const utmp& record) {
         const std::string_view line = UtmpText(record.ut_line);
         return line == ":0" || UtmpText(record.ut_host) == ":0" || line == "console";
     });
@@ -95,6 +96,18 @@ void SessionInfo::Update() {
     if (!same) {
         msSessionList = std::move(present);
     }
+}
+
+std::optional<SessionInfo> CurrentSession(const ConsolePlaces& places) {
+    const std::optional<ConsoleUser> user = FindConsoleUser(places, ReadUtmp());
+    if (!user || user->name.empty()) {
+        return std::nullopt;
+    }
+    SessionInfo::Update();
+    const auto& all = SessionInfo::msSessionList;
+    const auto found =
+        std::find_if(all.begin(), all.end(), [&](const auto& entry) { return entry.name == user->name; });
+    return found == all.end() ? std::nullopt : std::optional(*found);
 }
 
 void RefreshConsole(const ConsolePlaces& places) {

@@ -7,7 +7,6 @@
 
 #include <cstdint>
 #include <functional>
-#include <mutex>
 #include <optional>
 #include <span>
 #include <string>
@@ -37,7 +36,7 @@ ConsolePlaces SystemConsolePlaces();
 // record on ":0" or "console" answers, and failing that one on "tty1" whose user has a display's key in his home.
 std::optional<ConsoleUser> FindConsoleUser(const ConsolePlaces& places, std::span<const utmp> records);
 
-// One entry of the list of sessions.
+// One entry of the list of sessions.  A negative id means that none is known.
 struct SessionInfo {
     std::string name;
     int32_t processId;
@@ -49,6 +48,10 @@ struct SessionInfo {
     static std::vector<SessionInfo> msSessionList;
     static bool msInitialized;
 };
+
+// The session of the user whom the finder sees at the console now, after the list has been brought up to date; none
+// where nobody sits there, and where the last refresh found somebody else.  Called on the evaluating thread only.
+std::optional<SessionInfo> CurrentSession(const ConsolePlaces& places = SystemConsolePlaces());
 
 // Looks for the user at the console and notes who it is.  May be called on any thread.
 void RefreshConsole(const ConsolePlaces& places = SystemConsolePlaces());

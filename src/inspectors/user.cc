@@ -76,17 +76,8 @@ private:
 };
 
 std::optional<logged_on_user> CurrentUser() {
-    const std::optional<ConsoleUser> found = FindConsoleUser(SystemConsolePlaces(), ReadUtmp());
-    if (!found || found->name.empty()) {
-        return std::nullopt;
-    }
-    SessionInfo::Update();
-    for (const SessionInfo& session : SessionInfo::msSessionList) {
-        if (session.name == found->name) {
-            return Made(session);
-        }
-    }
-    return std::nullopt;
+    const std::optional<SessionInfo> session = CurrentSession();
+    return session ? std::optional(Made(*session)) : std::nullopt;
 }
 
 // Kept as they stand: neither looks at its object.

@@ -1,7 +1,6 @@
 #include "inspectors/utmp_records.h"
 
 #include <algorithm>
-#include <cstring>
 
 UtmpRecords ReadUtmp() {
     struct Close {

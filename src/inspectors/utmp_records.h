@@ -5,7 +5,7 @@
 #include <utmp.h>
 
 #include <cstdint>
-#include <optional>
+#include <cstring>
 #include <span>
 #include <string_view>
 #include <vector>

@@ -4,7 +4,11 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <cerrno>
+
+#include "foundation/file_error.h"
 #include "inspectors/power_level.h"
+#include "tests/foundation/temporary_place.h"
 #include "tests/inspectors/ask.h"
 
 namespace {
@@ -57,6 +61,25 @@ TEST(Swap, IsOnEitherKindOfLine) {
     EXPECT_EQ(present.used, 500U * 1024);
     EXPECT_EQ(ParseSwap("SwapTotal: 5 kB\n").used, std::nullopt);
     EXPECT_EQ(ParseSwap("").total, std::nullopt);
+}
+
+TEST(Swap, IsUsedWhereItIsNotFreeWhateverTheSummarySays) {
+    EXPECT_EQ(ParseSwap("swap: 100 7 60").used, 40U);
+    EXPECT_EQ(ParseSwap("swap: 100 7").used, std::nullopt);
+    EXPECT_EQ(ParseSwap("SWAPTOTAL: 9\nSwapTotal: 1\nswapfree: 4\nSwapFree: 1\nSwapCached: 2\n").used, 5U * 1024);
+}
+
+TEST(MemInfo, ThatCannotBeOpenedIsAFileError) {
+    const TemporaryPlace place;
+    try {
+        ReadMemInfo(place.Path("gone").c_str());
+        FAIL();
+    } catch (const FileIOError& error) {
+        EXPECT_EQ(error.Code(), ENOENT);
+        EXPECT_EQ(error.FirstPath(), place.Path("gone"));
+    }
+    place.File("long", std::string(10000, 'x'));
+    EXPECT_EQ(ReadMemInfo(place.Path("long").c_str()), std::string(10000, 'x'));
 }
 
 TEST(Ram, AnswersWithTheKernelsFigures) {

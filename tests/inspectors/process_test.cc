@@ -1,6 +1,7 @@
 // Processes: the walk over a crafted folder, the items of their files, and this machine's own.
 #include "inspectors/process.h"
 
+#include <dirent.h>
 #include <signal.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -8,6 +9,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <memory>
 #include <set>
 
 #include "foundation/file_error.h"
@@ -62,12 +64,6 @@ TEST(ProcessItems, FailByTheKindOfTheFailure) {
     EXPECT_THROW(CmdLineArgReader::ReadWhole(place.Path("gone").c_str()), CmdLineArgReader::NoSuchProcess);
     EXPECT_THROW(CmdLineArgReader::ReadWhole(place.Path().c_str()), CmdLineArgReader::ReadError);
     EXPECT_THROW(OtherProcessEnvReader::Open("0"), OtherProcessEnvReader::NoSuchProcess);
-    if (geteuid() != 0) {
-        place.File("secret", "s");
-        chmod(place.Path("secret").c_str(), 0);
-        EXPECT_THROW(CmdLineArgReader::ReadWhole(place.Path("secret").c_str()),
-                     CmdLineArgReader::OperationNotPermitted);
-    }
 }
 
 TEST(EnvironmentItem, IsCutAtItsFirstEqualsSign) {
@@ -112,9 +108,38 @@ TEST(ProcessWalk, ListsNumbersWithAnExecutable) {
     process("20", "/" + std::string(1023, 'x'));
     place.Folder("21");  // a kernel thread
     place.File("22");
+    process("23x", "/usr/bin/odd number");
+    process("24", "/usr/bin/gone (deleted)");
     EXPECT_EQ(Walked(place.Path() + "/"),
-              (std::set<std::pair<std::string, std::string>>{
-                  {"17", "first"}, {"18", "/second"}, {"19", "/" + std::string(1022, 'x')}}));
+              (std::set<std::pair<std::string, std::string>>{{"17", "first"},
+                                                             {"18", "/second"},
+                                                             {"19", "/" + std::string(1022, 'x')},
+                                                             {"23x", "odd number"},
+                                                             {"24", "gone (deleted)"}}));
+}
+
+TEST(ProcessWalk, KeepsTheOrderOfTheListing) {
+    const TemporaryPlace place;
+    for (const char* id : {"3", "20", "1", "100", "45", "9", "17"}) {
+        place.Folder(id);
+        place.Link(std::string(id) + "/exe", "/usr/bin/x");
+    }
+    Texts listed;
+    {
+        const std::unique_ptr<DIR, int (*)(DIR*)> listing(opendir(place.Path().c_str()), closedir);
+        while (const dirent* entry = readdir(listing.get())) {
+            if (entry->d_name[0] != '.') {
+                listed.emplace_back(entry->d_name);
+            }
+        }
+    }
+    const std::string folder = place.Path() + "/";
+    Texts walked;
+    for (ProcessWalk walk(folder); walk.Next();) {
+        walked.push_back(walk.Id());
+    }
+    EXPECT_EQ(walked.size(), 7U);
+    EXPECT_EQ(walked, listed);
 }
 
 TEST(ProcessWalk, FailsWhereThereIsNoListing) {
@@ -128,6 +153,7 @@ TEST(ProcessWalk, AskedByNumberTakesLongerPathsToo) {
     place.Link("20/exe", "/d/" + std::string(1500, 'x'));
     EXPECT_EQ(ExecutableName(place.Path() + "/", "20", ProcessWalk::kLongestListed), std::nullopt);
     EXPECT_EQ(ExecutableName(place.Path() + "/", "20", ProcessWalk::kLongest), std::string(1500, 'x'));
+    EXPECT_EQ(ExecutableName(place.Path() + "/", "21", ProcessWalk::kLongest), std::nullopt);
 }
 
 // A child with arguments and variables of the test's own.
@@ -235,6 +261,20 @@ std::string FailureOfArguments(const std::string& id) {
 }
 std::string FailureOfVariables(const std::string& id) {
     return FailureOf([&] { environment(id).Variables(); });
+}
+
+TEST(ProcessFiles, AreReadAtTheFirstNeedAndKept) {
+    const TemporaryPlace place;
+    const process running("name", IdOf(place));
+    const environment variables(IdOf(place));
+    place.File("cmdline", "first");
+    place.File("environ", "A=1");
+    EXPECT_EQ(running.Arguments(), Texts{"first"});
+    EXPECT_EQ(variables.Variables().at(0).value, "1");
+    place.File("cmdline", "second");
+    place.File("environ", "A=2");
+    EXPECT_EQ(running.Arguments(), Texts{"first"});
+    EXPECT_EQ(variables.Variables().at(0).value, "1");
 }
 
 TEST(ProcessFiles, ThatAreGoneHaveNoValue) {

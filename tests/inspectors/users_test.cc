@@ -166,6 +166,9 @@ TEST(ConsoleUser, NeedsTheFirstDisplay) {
     EXPECT_EQ(machine.Found(records), "nobody");
     machine.Display();
     EXPECT_EQ(machine.Found(records), "anna|:0|17");
+    const ConsoleMachine other;
+    other.place.File("sockets/X01");
+    EXPECT_EQ(other.Found(records), "anna|:0|17") << "a name that begins with X0";
 }
 
 TEST(ConsoleUser, IsOnTheDisplayOrOnTheConsole) {
@@ -231,6 +234,50 @@ TEST(LoggedOnUsers, WithoutAKnownIdHaveNone) {
     const Utmp none({});
     RefreshConsole(places);
     EXPECT_EQ(Ask("number of logged on users"), Values({"0"}));
+}
+
+// The list is compared by its ids: with the same id an entry keeps the name that it had.
+TEST(LoggedOnUsers, KeepTheirNamesWhileTheirIdsStay) {
+    const ConsoleMachine machine;
+    machine.Display();
+    const ConsolePlaces places = {machine.place.Location("sockets"), [](const std::string&) { return std::nullopt; }};
+    const auto afterRefresh = [&](const UtmpRecords& records) {
+        const Utmp present(records);
+        RefreshConsole(places);
+        return Ask("(name of it & \" \" & process id of it as string) of logged on users");
+    };
+    EXPECT_EQ(afterRefresh({Record(USER_PROCESS, "anna", ":0", "", 17)}), Values({"anna 17"}));
+    EXPECT_TRUE(SessionInfo::msInitialized);
+    EXPECT_EQ(afterRefresh({Record(USER_PROCESS, "bert", ":0", "", 17)}), Values({"anna 17"}));
+    EXPECT_EQ(afterRefresh({Record(USER_PROCESS, "bert", ":0", "", 18)}), Values({"bert 18"}));
+    EXPECT_EQ(afterRefresh({Record(USER_PROCESS, "", ":0", "", 19)}), Nothing()) << "a user without a name is none";
+    EXPECT_EQ(afterRefresh({}), Nothing());
+}
+
+TEST(CurrentSession, IsThatOfTheUserAtTheConsoleNow) {
+    const ConsoleMachine machine;
+    const ConsolePlaces places = {machine.place.Location("sockets"), [](const std::string&) { return std::nullopt; }};
+    const auto current = [&] {
+        const std::optional<SessionInfo> session = CurrentSession(places);
+        return session ? session->name + " " + std::to_string(session->processId) : "none";
+    };
+    const Utmp anna({Record(USER_PROCESS, "anna", ":0", "", 17)});
+    EXPECT_EQ(current(), "none") << "there is no display";
+    machine.Display();
+    EXPECT_EQ(current(), "none") << "nothing has been refreshed";
+    RefreshConsole(places);
+    EXPECT_EQ(current(), "anna 17");
+    {
+        const Utmp bert({Record(USER_PROCESS, "bert", ":0", "", 17)});
+        EXPECT_EQ(current(), "none") << "the list has somebody else";
+    }
+    {
+        const Utmp later({Record(USER_PROCESS, "anna", "console", "", 99)});
+        EXPECT_EQ(current(), "anna 17") << "the entry's own id";
+    }
+    const Utmp none({});
+    EXPECT_EQ(current(), "none");
+    RefreshConsole(places);
 }
 
 TEST(CurrentUser, HasNoValueWhereNothingIsRefreshed) {
