@@ -148,6 +148,11 @@ void AddCurrentAction(Fingerprinter& fingerprinter) {
     if (host == nullptr || host->currentAction == nullptr || host->state == nullptr) {
         return;
     }
+    // A state of its own: which action it is can be told when the host is done.
+    if (host->isBusy != nullptr && host->isBusy()) {
+        fingerprinter.AddByte('b');
+        return;
+    }
     const ActionRecord* const current = host->currentAction();
     const ActionState* const state = current != nullptr ? host->state(*current) : nullptr;
     if (state != nullptr) {

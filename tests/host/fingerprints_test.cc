@@ -97,6 +97,32 @@ TEST_F(FingerprintsTest, TheCurrentAnalysisIsANodeOfItsOwn) {
     }
 }
 
+TEST_F(FingerprintsTest, WhileTheHostRewritesItsActionsTheCurrentOneIsNotLookedAt) {
+    host.current = nullptr;
+    Recorded question("exists action", host);
+    EXPECT_TRUE(question.Unexpired());
+    host.state = [](const ActionRecord&) -> const ActionState* {
+        ADD_FAILURE() << "looked at";
+        return nullptr;
+    };
+    host.current = &host.actions[0];
+    host.actionsAreBusy = true;
+    EXPECT_FALSE(question.Unexpired());
+    question.Evaluate();
+    EXPECT_TRUE(question.Unexpired());
+}
+
+TEST_F(FingerprintsTest, TheItemOfAnAnalysisIsToldByItsNumberAndItsSite) {
+    host.currentIdentity = nullptr;
+    host.items[0].site = host.Site(0);
+    host.items[1].id = host.items[0].id;
+    Recorded question("exists sites of current analyses", host);
+    EXPECT_TRUE(question.Unexpired());
+    host.analysis = &host.items[1];
+    EXPECT_FALSE(question.Unexpired());
+    EXPECT_FALSE(question.Unchanged());
+}
+
 TEST_F(FingerprintsTest, ASiteByNameDependsOnTheListOfSites) {
     Recorded question("exists site \"One\"", host);
     EXPECT_TRUE(question.IsInUse());
