@@ -161,6 +161,26 @@ TEST_F(CraftedListing, WhatTellsNoStartIsNoEntry) {
     EXPECT_FALSE(table_.GetProcessActiveByName("one"));
 }
 
+// The start of a process ends with the last byte that is read, or is cut by the end.
+TEST_F(CraftedListing, ATextIsReadAsFarAsItsFirst10239Bytes) {
+    const std::string text = StatText("", "700");
+    const size_t upToTheStart = text.find(" 700") + 4;
+    const std::string name(10239 - upToTheStart, 'x');
+    const auto startOfOne = [this] {
+        ProcessTable table(folder_);
+        ProcessRun run;
+        size_t index = 0;
+        return table.GetProcessEntryByName("one", index, run) ? run.startTime : -1;
+    };
+    Run("7", "/bin/one");
+    const int64_t start = startOfOne();
+    place_.File("7/stat", StatText(name, "700"));
+    EXPECT_NEAR(static_cast<double>(startOfOne()), static_cast<double>(start), 5e5);
+    // Of "700", "70" is left.
+    place_.File("7/stat", StatText(name + "x", "700"));
+    EXPECT_NEAR(static_cast<double>(startOfOne()), static_cast<double>(start - 7000000), 5e5);
+}
+
 TEST_F(CraftedListing, EntriesAreNumberedFromTheRunningOnes) {
     for (int id = 1; id <= 100; ++id) {
         Run(std::to_string(id), "/bin/p" + std::to_string(id % 3));
