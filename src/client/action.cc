@@ -63,12 +63,7 @@ auto OfActions() {
 // The entry, where the host's actions can be looked at now.
 template <auto Entry>
 auto OfActionsAtRest() {
-    const auto function = OfActions<Entry>();
-    const auto& host = ContextInterface<InspectorActionContext, NoInspectorContext>();
-    if (host.isBusy != nullptr && host.isBusy()) {
-        throw CannotEvaluateNow();
-    }
-    return function;
+    return HostFunctionAtRest<Entry, InspectorActionContextError>();
 }
 
 std::optional<action> CurrentAction() {

@@ -254,6 +254,7 @@ TEST_F(Usage, WhatTheHostLacksIsSaid) {
     }
     host_.getGlobalLocation = nullptr;
     EXPECT_EQ(AskHost("exists application usage summaries"), Fails("InspectorStorageContextError"));
+    EXPECT_EQ(AskHost("exists application usage summary \"one\""), Fails("InspectorStorageContextError"));
     // Without settings every switch is off.
     EXPECT_EQ(Ask("exists application usage \"one\""), Fails("auInspectorDefinedError"));
     EXPECT_EQ(Ask("exists application usage summary"), Fails("ausInspectorDefinedError"));
@@ -286,6 +287,24 @@ TEST_F(Usage, RunningApplicationsAreTheActiveOnesWhoseFileIsThere) {
     host_.runs.resize(1);
     EXPECT_EQ(AskHost("name of running application"), Values({"one"}));
     EXPECT_EQ(AskHost("name of recent application"), Values({"one"}));
+}
+
+TEST_F(Usage, OnlyRunningApplicationsAskWhatIsActive) {
+    const std::string one = place_.File("one").CString();
+    host_.runs = {{1, 0, 0, true, one}};
+    host_.processActive = nullptr;
+    EXPECT_EQ(AskHost("running applications"), Fails("InspectorProcessTableContextError"));
+    EXPECT_EQ(AskHost("running applications \"one\""), Fails("InspectorProcessTableContextError"));
+    EXPECT_EQ(AskHost("recent applications"), Values({one}));
+    EXPECT_EQ(AskHost("recent applications \"one\""), Values({one}));
+}
+
+TEST_F(Usage, ANameIsComparedToTheLetter) {
+    place_.File("one");
+    host_.runs = {{1, 0, 0, true, place_.Path("one")}};
+    for (const char* phrase : {"running applications", "recent applications"}) {
+        EXPECT_EQ(AskHost(std::string(phrase) + " (\"One\"; \"on\"; \"one \"; \"/one\")"), Nothing()) << phrase;
+    }
 }
 
 }  // namespace
