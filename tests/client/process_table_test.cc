@@ -3,8 +3,6 @@
 #include "client/process_table.h"
 
 #include <gtest/gtest.h>
-#include <signal.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -13,7 +11,7 @@
 
 #include "evaluator/inspector_context.h"
 #include "foundation/file_error.h"
-#include "inspectors/process_walk.h"
+#include "tests/client/sleeper.h"
 #include "tests/foundation/temporary_place.h"
 #include "values/moment.h"
 
@@ -319,51 +317,20 @@ TEST_F(CraftedListing, OneThreadRefreshesWhileAnotherReads) {
     worker.join();
 }
 
-// A copy of a program under a name of its own, run until the object ends it.
-class OwnProcess {
-public:
-    explicit OwnProcess(const std::string& program) : id_(fork()) {
-        if (id_ == 0) {
-            execl(program.c_str(), program.c_str(), "600", nullptr);
-            _exit(127);
-        }
-        const std::string id = std::to_string(id_);
-        while (ExecutableName("/proc/", id, 4096) != std::filesystem::path(program).filename()) {
-            usleep(1000);
-        }
-    }
-    OwnProcess(const OwnProcess&) = delete;
-    OwnProcess& operator=(const OwnProcess&) = delete;
-    ~OwnProcess() { End(); }
-
-    pid_t Id() const { return id_; }
-    void End() {
-        if (id_ > 0) {
-            kill(id_, SIGKILL);
-            waitpid(id_, nullptr, 0);
-            id_ = 0;
-        }
-    }
-
-private:
-    pid_t id_;
-};
-
 TEST(ProcessTable, FollowsTheProcessesOfThisMachine) {
     const TemporaryPlace place;
     const std::string name = "zendry-sleep-" + std::to_string(getpid());
-    std::filesystem::copy_file("/bin/sleep", place.Path(name));
     ProcessTable table;
     table.Track({name});
     EXPECT_FALSE(table.GetProcessActiveByName(name));
     const int64_t before = Now().Microseconds();
-    OwnProcess sleeper(place.Path(name));
+    Sleeper sleeper(place.Path(name));
     table.Refresh();
     EXPECT_TRUE(table.GetProcessActiveByName(name));
     ProcessRun run;
     size_t index = 0;
     ASSERT_TRUE(table.GetProcessEntryByName(name, index, run));
-    EXPECT_EQ(run.processId, sleeper.Id());
+    EXPECT_EQ(run.processId, sleeper.Process());
     EXPECT_EQ(run.path, place.Path(name));
     EXPECT_NEAR(static_cast<double>(run.startTime), static_cast<double>(before), 5e6);
     EXPECT_FALSE(table.GetProcessEntryByName(name, index, run));
