@@ -116,17 +116,20 @@ const std::pair<std::string, std::string> kProperties[] = {
 
 TEST_F(Usage, ASummaryTellsOfAllVersions) {
     Enable();
-    Store("one.stat", StatFileBytes(Records{kOld, kNew}));
     const std::string at = "(it = \"Tue, 09 Mar 1999 00:0";
     const std::string expected[] = {"one", "7", "0:00 +0000", "1:01 +0000", "1:30 +0000", "01:01:00"};
-    for (size_t i = 0; i != std::size(kProperties); ++i) {
-        const bool isTime = i >= 2 && i <= 4;
-        const std::string test = isTime ? at + expected[i] + "\" as time) of " : "";
-        const std::string answer = isTime ? "True" : expected[i];
-        EXPECT_EQ(AskHost(test + kProperties[i].first + " of application usage summary \"one\""), Values({answer}));
-        EXPECT_EQ(AskHost(test + kProperties[i].second + " of application usage summaries \"one\""), Values({answer}));
-        EXPECT_EQ(AskHost(test + kProperties[i].first + " of application usage summary"), Values({answer}));
-        EXPECT_EQ(AskHost(test + kProperties[i].second + " of application usage summaries"), Values({answer}));
+    for (const Records& records : {Records{kOld, kNew}, Records{kNew, kOld}}) {
+        Store("one.stat", StatFileBytes(records));
+        for (size_t i = 0; i != std::size(kProperties); ++i) {
+            const auto& [singular, plural] = kProperties[i];
+            const bool isTime = i >= 2 && i <= 4;
+            const std::string test = isTime ? at + expected[i] + "\" as time) of " : "";
+            const std::string answer = isTime ? "True" : expected[i];
+            EXPECT_EQ(AskHost(test + singular + " of application usage summary \"one\""), Values({answer}));
+            EXPECT_EQ(AskHost(test + plural + " of application usage summaries \"one\""), Values({answer}));
+            EXPECT_EQ(AskHost(test + singular + " of application usage summary"), Values({answer}));
+            EXPECT_EQ(AskHost(test + plural + " of application usage summaries"), Values({answer}));
+        }
     }
 }
 

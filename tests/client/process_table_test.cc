@@ -122,12 +122,42 @@ TEST_F(CraftedListing, ARunEndsWithItsProcess) {
     EXPECT_EQ(table_.GetAppEvent("two"), ApplicationEvent::None);
 }
 
+TEST_F(CraftedListing, TheRunsThatGoOnAreTheSameAfterOthersHaveEnded) {
+    for (int id = 1; id <= 40; ++id) {
+        Run(std::to_string(id), "/bin/p" + std::to_string(id));
+    }
+    table_.Refresh();
+    for (const char* id : {"1", "2", "17", "40"}) {
+        End(id);
+        table_.Refresh();
+        table_.Refresh();
+    }
+    for (int id = 1; id <= 40; ++id) {
+        const std::string name = "p" + std::to_string(id);
+        const bool ended = id == 1 || id == 2 || id == 17 || id == 40;
+        EXPECT_EQ(Runs(name), Texts{std::to_string(id) + (ended ? " ran /bin/" : " runs /bin/") + name});
+    }
+}
+
 TEST_F(CraftedListing, ANumberThatIsUsedAgainIsAnotherRun) {
     Run("7", "/bin/one", "700");
     table_.Refresh();
     Run("7", "/bin/one", "800");
     table_.Refresh();
     EXPECT_EQ(Runs("one"), (Texts{"7 runs /bin/one", "7 ran /bin/one"}));
+}
+
+TEST_F(CraftedListing, ANumberThatIsUsedAgainLaterIsNoRunThatGoesOn) {
+    Run("7", "/bin/one");
+    Run("8", "/bin/two");
+    table_.Refresh();
+    End("7");
+    table_.Refresh();
+    Run("7", "/bin/two");
+    table_.Refresh();
+    table_.Refresh();
+    EXPECT_EQ(Runs("one"), Texts{"7 ran /bin/one"});
+    EXPECT_EQ(Runs("two"), (Texts{"8 runs /bin/two", "7 runs /bin/two"}));
 }
 
 TEST_F(CraftedListing, AProcessThatBecomesAnotherProgramIsAnotherRun) {
@@ -145,6 +175,9 @@ TEST_F(CraftedListing, AProgramWhoseFileIsDeletedGoesOn) {
     Run("7", "/bin/one (deleted)");
     table_.Refresh();
     EXPECT_EQ(Runs("one"), Texts{"7 runs /bin/one"});
+    Run("7", "/bin/one2 (deleted)");
+    table_.Refresh();
+    EXPECT_EQ(Runs("one"), Texts{"7 ran /bin/one"});
 }
 
 TEST_F(CraftedListing, WhatTellsNoStartIsNoEntry) {

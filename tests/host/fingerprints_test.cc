@@ -2,6 +2,7 @@
 #include "client/action.h"
 #include "client/analysis.h"
 #include "client/client.h"
+#include "client/site.h"
 #include "tests/host/filled_host.h"
 #include "tests/inspectors/ask.h"
 
@@ -347,6 +348,32 @@ TEST_F(FingerprintsTest, NodesFeedTheStateOfTheHostAndNothingWithoutOne) {
     const uint32_t ofOne = SumOf(ComputerIDDependencyNode, &host);
     host.id = 2;
     EXPECT_NE(SumOf(ComputerIDDependencyNode, &host), ofOne);
+}
+
+// The names of the sites as a question would feed them.
+uint32_t SumOfSites(InspectorContext* host) {
+    const InspectorContextMaintainer installed(host);
+    Fingerprinter fingerprinter;
+    DependsOnSiteList(fingerprinter);
+    return fingerprinter.sum;
+}
+
+TEST_F(FingerprintsTest, AListOfSitesThatCannotBeHadFeedsNothing) {
+    EXPECT_NE(SumOfSites(&host), 0U);
+    InspectorContext bare;
+    EmptyHost<InspectorSiteContext> empty;
+    EXPECT_EQ(SumOfSites(nullptr), 0U);
+    EXPECT_EQ(SumOfSites(&bare), 0U);
+    EXPECT_EQ(SumOfSites(&empty), 0U);
+    SiteMap custom;
+    custom.name = "stored";
+    custom.nameIsTranslated = true;
+    host.holder.Replace({custom});
+    const uint32_t stored = SumOfSites(&host);
+    host.knownNames["stored"] = "known as";
+    EXPECT_NE(SumOfSites(&host), stored);
+    host.knownNames["stored"] = std::string(1024, 'x');
+    EXPECT_EQ(SumOfSites(&host), 0U);
 }
 
 TEST_F(FingerprintsTest, TheNodesAreKnownByTheirNames) {
