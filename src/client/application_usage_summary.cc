@@ -57,11 +57,13 @@ struct ausInspectorDefinedError : InspectorDefinedError {
     ausInspectorDefinedError() noexcept : InspectorDefinedError("application usage summary inspector is disabled") {}
 };
 
+// Tells the name up to its first zero byte, which would end the text.
 class ausNameInspectorDefinedError : public InspectorDefinedError {
 public:
     explicit ausNameInspectorDefinedError(std::string_view name)
         : InspectorDefinedError(""),
-          text_(std::make_shared<const std::string>("application usage summary " + std::string(name) +
+          text_(std::make_shared<const std::string>("application usage summary " +
+                                                    std::string(name.substr(0, name.find('\0'))) +
                                                     " not configured for tracking")) {}
     const char* what() const noexcept override { return text_->c_str(); }
 

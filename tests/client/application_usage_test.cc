@@ -89,6 +89,8 @@ TEST_F(Usage, ASummaryOfAnotherNameIsRefused) {
     const std::string half(200, 'n');
     EXPECT_EQ(AskHost("names of application usage summaries (\"" + half + "\" & \"" + half + "\")").text,
               "application usage summary " + half + half + " not configured for tracking");
+    EXPECT_EQ(AskHost("names of application usage summaries \"one%00\"").text,
+              "application usage summary one not configured for tracking");
     Unset("EnableAppUsageSummaryApps");
     EXPECT_EQ(AskHost("name of application usage summary \"one\""), Fails("ausNameInspectorDefinedError"));
 }
