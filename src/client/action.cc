@@ -63,12 +63,7 @@ auto OfActions() {
 // The entry, where the host's actions can be looked at now.
 template <auto Entry>
 auto OfActionsAtRest() {
-    const auto function = OfActions<Entry>();
-    const auto& host = ContextInterface<InspectorActionContext, NoInspectorContext>();
-    if (host.isBusy != nullptr && host.isBusy()) {
-        throw CannotEvaluateNow();
-    }
-    return function;
+    return HostFunctionAtRest<Entry, InspectorActionContextError>();
 }
 
 std::optional<action> CurrentAction() {
@@ -146,6 +141,11 @@ using header_iterator = praxel_header_iterator<action, NextHeader>;
 void AddCurrentAction(Fingerprinter& fingerprinter) {
     const auto* host = dynamic_cast<InspectorActionContext*>(InspectorContextMaintainer::current.Get());
     if (host == nullptr || host->currentAction == nullptr || host->state == nullptr) {
+        return;
+    }
+    // A state of its own: which action it is can be told when the host is done.
+    if (host->isBusy != nullptr && host->isBusy()) {
+        fingerprinter.AddByte('b');
         return;
     }
     const ActionRecord* const current = host->currentAction();

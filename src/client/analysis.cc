@@ -2,6 +2,7 @@
 
 #include "client/host_values.h"
 #include "client/praxel.h"
+#include "client/site_map.h"
 #include "evaluator/adapters.h"
 #include "evaluator/host_function.h"
 
@@ -40,6 +41,10 @@ void AddCurrentAnalysis(Fingerprinter& fingerprinter) {
         if (const PraxelRecord* item = host->currentAnalysis()) {
             fingerprinter.AddByte('p');
             fingerprinter.AddData(ConstData(&item->id, sizeof item->id));
+            // Items are numbered by their sites.
+            if (item->site != nullptr) {
+                fingerprinter.AddData(ConstData(item->site->name));
+            }
         }
     }
 }

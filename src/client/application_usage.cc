@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "evaluator/adapters.h"
-#include "evaluator/inspector_context.h"
+#include "evaluator/host_function.h"
 #include "evaluator/inspector_process_table_context.h"
 #include "inspectors/client_setting.h"
 
@@ -31,11 +31,7 @@ public:
         if (ClientSettingText("_OSLClient_UsageManager_EnableAppUsage") != "1") {
             throw auInspectorDefinedError();
         }
-        const auto& table = ContextInterface<InspectorProcessTableContext, NoInspectorContext>();
-        if (table.applicationUsage == nullptr) {
-            throw InspectorProcessTableContextError();
-        }
-        nextRun_ = table.applicationUsage;
+        nextRun_ = HostFunction<&InspectorProcessTableContext::applicationUsage, InspectorProcessTableContextError>();
         index_ = 0;
     }
 

@@ -13,7 +13,7 @@
 #include "client/process_table.h"
 #include "client/stat_file.h"
 #include "evaluator/adapters.h"
-#include "evaluator/inspector_context.h"
+#include "evaluator/host_function.h"
 #include "evaluator/inspector_process_table_context.h"
 #include "foundation/file_loop.h"
 #include "foundation/reserved_names.h"
@@ -57,11 +57,13 @@ struct ausInspectorDefinedError : InspectorDefinedError {
     ausInspectorDefinedError() noexcept : InspectorDefinedError("application usage summary inspector is disabled") {}
 };
 
+// Tells the name up to its first zero byte, which would end the text.
 class ausNameInspectorDefinedError : public InspectorDefinedError {
 public:
     explicit ausNameInspectorDefinedError(std::string_view name)
         : InspectorDefinedError(""),
-          text_(std::make_shared<const std::string>("application usage summary " + std::string(name) +
+          text_(std::make_shared<const std::string>("application usage summary " +
+                                                    std::string(name.substr(0, name.find('\0'))) +
                                                     " not configured for tracking")) {}
     const char* what() const noexcept override { return text_->c_str(); }
 
@@ -105,17 +107,14 @@ public:
 
     // Asks the host for its table and its storage.
     void Open() {
-        context_ = &ContextInterface<InspectorProcessTableContext, NoInspectorContext>();
-        const auto& storage = ContextInterface<InspectorStorageContext, NoInspectorContext>();
-        if (context_->tableInstance == nullptr || context_->processActiveByName == nullptr) {
-            throw InspectorProcessTableContextError();
-        }
-        if (storage.getGlobalLocation == nullptr) {
-            throw InspectorStorageContextError();
-        }
-        statDir_ = FileLocation(storage.getGlobalLocation(), cRESERVED_USAGE_DIRECTORY_STATISTICS);
-        if (ProcessTable* table = context_->tableInstance(); table != nullptr) {
-            table->Track(tracked_);
+        table_ = HostFunction<&InspectorProcessTableContext::tableInstance, InspectorProcessTableContextError>()();
+        isActive_ =
+            HostFunction<&InspectorProcessTableContext::processActiveByName, InspectorProcessTableContextError>();
+        const FileLocation& storage =
+            HostFunction<&InspectorStorageContext::getGlobalLocation, InspectorStorageContextError>()();
+        statDir_ = FileLocation(storage, cRESERVED_USAGE_DIRECTORY_STATISTICS);
+        if (table_ != nullptr) {
+            table_->Track(tracked_);
         }
     }
 
@@ -127,12 +126,12 @@ public:
         if (const std::optional<FileLocation> location = StatFileLocation(statDir_, name)) {
             summary.instances = ReadStatFile(*location);
         }
-        if (ProcessTable* table = context_->tableInstance(); table != nullptr) {
-            for (const StatRecord& use : table->UseToAdd(name)) {
+        if (table_ != nullptr) {
+            for (const StatRecord& use : table_->UseToAdd(name)) {
                 AddUse(summary.instances, use);
             }
         }
-        summary.running = context_->processActiveByName(name);
+        summary.running = isActive_(name);
         SumUp(summary);
         return summary;
     }
@@ -156,7 +155,8 @@ private:
     }
 
     std::vector<std::string> tracked_;
-    const InspectorProcessTableContext* context_ = nullptr;
+    ProcessTable* table_ = nullptr;  // null where the host keeps none
+    decltype(InspectorProcessTableContext::processActiveByName) isActive_ = nullptr;
     FileLocation statDir_;
 };
 

@@ -24,7 +24,7 @@ struct administrative_rights {};
 template <>
 struct InspectorTypeInfo<administrative_rights> : InspectorTypeBasics<administrative_rights, 0> {
     static constexpr char Name[] = "administrative rights";
-    static constexpr unsigned Size = 0;
+    static constexpr unsigned Size = sizeof(administrative_rights);
 };
 
 // What depends on the number that the servers know this machine by.

@@ -7,20 +7,10 @@
 
 namespace {
 
-template <auto Entry>
-auto OfPraxels() {
-    return HostFunction<Entry, InspectorPraxelContextError>();
-}
-
 // The entry, where the host's items can be looked at now.
 template <auto Entry>
 auto OfPraxelsAtRest() {
-    const auto function = OfPraxels<Entry>();
-    const auto& host = ContextInterface<InspectorPraxelContext, NoInspectorContext>();
-    if (host.isBusy != nullptr && host.isBusy()) {
-        throw CannotEvaluateNow();
-    }
-    return function;
+    return HostFunctionAtRest<Entry, InspectorPraxelContextError>();
 }
 
 template <auto NextOfSite>

@@ -22,8 +22,6 @@ constexpr int64_t kMicroseconds = 1000000;
 constexpr uint64_t kTicksOfASecond = 100;
 constexpr size_t kLongestStatText = 10239;
 
-std::string_view ApplicationName(std::string_view path) { return path.substr(path.rfind('/') + 1); }
-
 // The first bytes of a file; none where there is no such file any more.
 std::optional<std::string> ReadStatText(const std::string& path) {
     try {

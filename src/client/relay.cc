@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "evaluator/adapters.h"
-#include "evaluator/inspector_context.h"
+#include "evaluator/host_function.h"
 #include "evaluator/inspector_registration_context.h"
 #include "values/integer.h"
 #include "values/moment.h"
@@ -41,24 +41,20 @@ struct InspectorTypeInfo<root_server> : InspectorTypeBasics<root_server, 0> {
 
 namespace {
 
-const InspectorRegistrationContext& Context() {
-    const auto& context = ContextInterface<InspectorRegistrationContext, NoInspectorContext>();
-    if (context.lastRegistration == nullptr) {
-        throw InspectorRegistrationContextError();
-    }
-    return context;
+auto Registered() {
+    return HostFunction<&InspectorRegistrationContext::lastRegistration, InspectorRegistrationContextError>();
 }
 
 ClientRegistration Registration() {
     ClientRegistration registration;
-    Context().lastRegistration(registration);
+    Registered()(registration);
     return registration;
 }
 
 // There is such a server wherever there is somebody to ask about it.
 template <class Server>
 Server Marker() {
-    Context();
+    Registered();
     return {};
 }
 

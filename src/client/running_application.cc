@@ -6,21 +6,19 @@
 #include <string_view>
 
 #include "evaluator/adapters.h"
-#include "evaluator/inspector_context.h"
+#include "evaluator/host_function.h"
 #include "evaluator/inspector_process_table_context.h"
 #include "inspectors/file.h"
 
 namespace {
 
-std::string_view ApplicationName(std::string_view path) { return path.substr(path.rfind('/') + 1); }
-
 template <bool RunningOnly>
 class application_iterator {
 public:
     void Start() {
-        table_ = &ContextInterface<InspectorProcessTableContext, NoInspectorContext>();
-        if (table_->processName == nullptr || table_->processActive == nullptr) {
-            throw InspectorProcessTableContextError();
+        pathOf_ = HostFunction<&InspectorProcessTableContext::processName, InspectorProcessTableContextError>();
+        if constexpr (RunningOnly) {
+            isActive_ = HostFunction<&InspectorProcessTableContext::processActive, InspectorProcessTableContextError>();
         }
         index_ = 0;
     }
@@ -31,9 +29,8 @@ public:
 
 private:
     std::optional<application> Found(const inspector_string* name) {
-        for (; table_->processName(index_, path_); ++index_) {
-            if ((RunningOnly && !table_->processActive(index_)) ||
-                (name != nullptr && ApplicationName(path_) != name->View())) {
+        for (; pathOf_(index_, path_); ++index_) {
+            if ((RunningOnly && !isActive_(index_)) || (name != nullptr && ApplicationName(path_) != name->View())) {
                 continue;
             }
             if (std::optional<application> found = At<application>(FileLocation(path_))) {
@@ -44,7 +41,8 @@ private:
         return std::nullopt;
     }
 
-    const InspectorProcessTableContext* table_ = nullptr;
+    decltype(InspectorProcessTableContext::processName) pathOf_ = nullptr;
+    decltype(InspectorProcessTableContext::processActive) isActive_ = nullptr;
     size_t index_ = 0;
     std::string path_;
 };

@@ -5,8 +5,8 @@
 #include <optional>
 
 #include "evaluator/adapters.h"
+#include "evaluator/host_function.h"
 #include "evaluator/host_selector_inspector_context.h"
-#include "evaluator/inspector_context.h"
 #include "values/integer.h"
 #include "values/integer_range.h"
 #include "values/ip_address.h"
@@ -37,11 +37,8 @@ std::optional<ipv4or6_inspector_address> KnownAddress(const ipv4or6_inspector_ad
 }
 
 std::optional<selected_server> SelectedServer() {
-    const auto& context = ContextInterface<HostSelectorInspectorContext, NoInspectorContext>();
-    if (context.selector == nullptr) {
-        throw HostSelectorInspectorContextError();
-    }
-    const HostSelector* selector = context.selector();
+    const HostSelector* const selector =
+        HostFunction<&HostSelectorInspectorContext::selector, HostSelectorInspectorContextError>()();
     if (selector == nullptr || !selector->current || *selector->current >= selector->entries.size()) {
         return std::nullopt;
     }

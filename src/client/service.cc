@@ -8,7 +8,7 @@
 #include <string_view>
 
 #include "evaluator/adapters.h"
-#include "evaluator/inspector_context.h"
+#include "evaluator/host_function.h"
 #include "evaluator/inspector_process_table_context.h"
 #include "values/version.h"
 
@@ -32,11 +32,9 @@ std::optional<service> NamedService(const inspector_string& name) {
     if (known == std::end(kServices)) {
         return std::nullopt;
     }
-    const auto& table = ContextInterface<InspectorProcessTableContext, NoInspectorContext>();
-    if (table.processActiveByName == nullptr) {
-        throw InspectorProcessTableContextError();
-    }
-    return service{*known, table.processActiveByName(*known)};
+    const auto isActive =
+        HostFunction<&InspectorProcessTableContext::processActiveByName, InspectorProcessTableContextError>();
+    return service{*known, isActive(*known)};
 }
 
 std::optional<service> NamedRunningService(const inspector_string& name) {

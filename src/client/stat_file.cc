@@ -1,6 +1,7 @@
 #include "client/stat_file.h"
 
 #include <algorithm>
+#include <array>
 #include <limits>
 #include <new>
 #include <utility>
@@ -72,23 +73,52 @@ void AppendCommonFields(std::string& bytes, const StatRecord& record) {
     }
 }
 
-uint32_t Count(std::string_view bytes) { return FieldReader(bytes).Number32(); }
+StatRecord ReadRecord(std::string_view bytes) {
+    FieldReader fields(bytes);
+    StatRecord record = ReadCommonFields(fields);
+    record.fileSize = fields.Number64();
+    record.totalRunCount = fields.Number32();
+    record.version = fields.Text();
+    record.stringVersion = fields.Text();
+    return record;
+}
 
 // The one place that knows which sizes are good: that of the old form, and those that fit a whole number of records.
 bool IsStatFileSize(uint64_t size) {
     return size == kOldStatFileSize || (size >= kStatCountSize && (size - kStatCountSize) % kStatRecordSize == 0);
 }
 
-std::string ReadWhole(const FileLocation& location) {
+// How many records of the current form a file of a good size holds; none where the count in its first bytes is another.
+size_t RecordsOf(std::string_view count, uint64_t size) {
+    const uint64_t records = (size - kStatCountSize) / kStatRecordSize;
+    return FieldReader(count).Number32() == records ? records : 0;
+}
+
+// The next bytes of the file, in the room of `room`.
+std::string_view NextBytes(FileReader& file, std::span<char> room) {
+    auto* const begin = reinterpret_cast<unsigned char*>(room.data());
+    file.Read(begin, begin + room.size());
+    return {room.data(), room.size()};
+}
+
+// A record at a time, so that a size is believed no further than the count in the file bears it out.
+std::vector<StatRecord> ReadRecords(const FileLocation& location) {
+    std::vector<StatRecord> records;
     const FileStat look(location);
-    if (!look.IsRegular() || !IsStatFileSize(static_cast<uint64_t>(look.Target().st_size))) {
-        return {};
+    const uint64_t size = look.IsRegular() ? static_cast<uint64_t>(look.Target().st_size) : 0;
+    if (!IsStatFileSize(size)) {
+        return records;
     }
     UnixPlatform::FileReadingPath path(location);
-    std::string bytes(static_cast<size_t>(look.Target().st_size), '\0');
-    auto* begin = reinterpret_cast<unsigned char*>(bytes.data());
-    FileReader(path).Read(begin, begin + bytes.size());
-    return bytes;
+    FileReader file(path);
+    std::array<char, kStatRecordSize> room;
+    if (size == kOldStatFileSize) {
+        return ParseStatFile(NextBytes(file, std::span(room).first<kOldStatFileSize>()));
+    }
+    for (size_t left = RecordsOf(NextBytes(file, std::span(room).first<kStatCountSize>()), size); left != 0; --left) {
+        records.push_back(ReadRecord(NextBytes(file, room)));
+    }
+    return records;
 }
 
 int64_t SumOf(int64_t a, int64_t b) {
@@ -120,15 +150,9 @@ std::vector<StatRecord> ParseStatFile(std::string_view bytes) {
         FieldReader fields(bytes);
         StatRecord& record = records.emplace_back(ReadCommonFields(fields));
         record.totalRunCount = fields.Number64();
-    } else if (IsStatFileSize(bytes.size()) && Count(bytes) == (bytes.size() - kStatCountSize) / kStatRecordSize) {
-        FieldReader fields(bytes.substr(kStatCountSize));
-        records.reserve(Count(bytes));
-        for (uint32_t n = Count(bytes); n != 0; --n) {
-            StatRecord& record = records.emplace_back(ReadCommonFields(fields));
-            record.fileSize = fields.Number64();
-            record.totalRunCount = fields.Number32();
-            record.version = fields.Text();
-            record.stringVersion = fields.Text();
+    } else if (IsStatFileSize(bytes.size())) {
+        for (size_t n = 0, count = RecordsOf(bytes, bytes.size()); n != count; ++n) {
+            records.push_back(ReadRecord(bytes.substr(kStatCountSize + n * kStatRecordSize, kStatRecordSize)));
         }
     }
     return records;
@@ -158,7 +182,7 @@ std::string OldStatFileBytes(const StatRecord& record) {
 
 std::vector<StatRecord> ReadStatFile(const FileLocation& location) {
     try {
-        return ParseStatFile(ReadWhole(location));
+        return ReadRecords(location);
     } catch (const std::bad_alloc&) {
         throw;
     } catch (...) {

@@ -1,6 +1,5 @@
 #include "client/unix_setting_store.h"
 
-#include <cctype>
 #include <cstring>
 
 #include "client/settings_paths.h"

@@ -42,6 +42,15 @@ void EvalContext::SetUp(bool scanSites) {
     holderInstance = &SiteMapHolder::GetInstance;
     lookupCustomSiteName = &LookupCustomSiteName;
 
+    processName = &ProcessTable::SGetProcessName;
+    processByName = &ProcessTable::SGetProcessByName;
+    processActive = &ProcessTable::SGetProcessActive;
+    processActiveByName = &ProcessTable::SGetProcessActiveByName;
+    processEntryByName = &ProcessTable::SGetProcessEntryByName;
+    applicationEvent = &ProcessTable::SGetAppEvent;
+    applicationUsage = &ProcessTable::SGetAppUsage;
+    tableInstance = &ProcessTable::SGetInstance;
+
     findByName = &InspectorLibraryList::SFind;
     findByNumber = &InspectorLibraryList::SFindByNumber;
 
@@ -53,13 +62,4 @@ void EvalContext::SetUp(bool scanSites) {
     sha1OfFile = &Sha1OfFileInEvaluationMemory;
     sha1OfBytes = &Sha1OfBytesInEvaluationMemory;
     status = &FipsStatus;
-
-    processName = &ProcessTable::SGetProcessName;
-    processByName = &ProcessTable::SGetProcessByName;
-    processActive = &ProcessTable::SGetProcessActive;
-    processActiveByName = &ProcessTable::SGetProcessActiveByName;
-    processEntryByName = &ProcessTable::SGetProcessEntryByName;
-    applicationEvent = &ProcessTable::SGetAppEvent;
-    applicationUsage = &ProcessTable::SGetAppUsage;
-    tableInstance = &ProcessTable::SGetInstance;
 }

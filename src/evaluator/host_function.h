@@ -22,4 +22,16 @@ auto HostFunction() {
     return function;
 }
 
+// The same of an interface whose host may be rewriting what it tells of: throws CannotEvaluateNow while that is so.
+template <auto Entry, class Error>
+auto HostFunctionAtRest() {
+    using Interface = decltype(InterfaceOf(Entry));
+    const auto function = HostFunction<Entry, Error>();
+    const auto& host = ContextInterface<Interface, NoInspectorContext>();
+    if (host.isBusy != nullptr && host.isBusy()) {
+        throw CannotEvaluateNow();
+    }
+    return function;
+}
+
 #endif

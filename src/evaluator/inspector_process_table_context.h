@@ -18,13 +18,15 @@ struct ProcessRun {
     std::string path;
 };
 
+// The name of an application: the last component of its program's path.
+inline std::string_view ApplicationName(std::string_view path) { return path.substr(path.rfind('/') + 1); }
+
 // What last happened to an application.
 enum class ApplicationEvent { None, Started, Ended };
 
 // The table's entries are numbered from 0, those of the running processes and then those of ended ones.  A number
-// stands for the same entry until the table is refreshed; one past the end is no entry.  An application is named by the
-// last component of its path.  Where a place in the table is given by reference, the look starts there and leaves the
-// place at what it found (processByName) or behind it.
+// stands for the same entry until the table is refreshed; one past the end is no entry.  Where a place in the table is
+// given by reference, the look starts there and leaves the place at what it found (processByName) or behind it.
 class InspectorProcessTableContext {
 public:
     virtual ~InspectorProcessTableContext() = default;

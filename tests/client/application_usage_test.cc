@@ -89,6 +89,8 @@ TEST_F(Usage, ASummaryOfAnotherNameIsRefused) {
     const std::string half(200, 'n');
     EXPECT_EQ(AskHost("names of application usage summaries (\"" + half + "\" & \"" + half + "\")").text,
               "application usage summary " + half + half + " not configured for tracking");
+    EXPECT_EQ(AskHost("names of application usage summaries \"one%00\"").text,
+              "application usage summary one not configured for tracking");
     Unset("EnableAppUsageSummaryApps");
     EXPECT_EQ(AskHost("name of application usage summary \"one\""), Fails("ausNameInspectorDefinedError"));
 }
@@ -116,17 +118,20 @@ const std::pair<std::string, std::string> kProperties[] = {
 
 TEST_F(Usage, ASummaryTellsOfAllVersions) {
     Enable();
-    Store("one.stat", StatFileBytes(Records{kOld, kNew}));
     const std::string at = "(it = \"Tue, 09 Mar 1999 00:0";
     const std::string expected[] = {"one", "7", "0:00 +0000", "1:01 +0000", "1:30 +0000", "01:01:00"};
-    for (size_t i = 0; i != std::size(kProperties); ++i) {
-        const bool isTime = i >= 2 && i <= 4;
-        const std::string test = isTime ? at + expected[i] + "\" as time) of " : "";
-        const std::string answer = isTime ? "True" : expected[i];
-        EXPECT_EQ(AskHost(test + kProperties[i].first + " of application usage summary \"one\""), Values({answer}));
-        EXPECT_EQ(AskHost(test + kProperties[i].second + " of application usage summaries \"one\""), Values({answer}));
-        EXPECT_EQ(AskHost(test + kProperties[i].first + " of application usage summary"), Values({answer}));
-        EXPECT_EQ(AskHost(test + kProperties[i].second + " of application usage summaries"), Values({answer}));
+    for (const Records& records : {Records{kOld, kNew}, Records{kNew, kOld}}) {
+        Store("one.stat", StatFileBytes(records));
+        for (size_t i = 0; i != std::size(kProperties); ++i) {
+            const auto& [singular, plural] = kProperties[i];
+            const bool isTime = i >= 2 && i <= 4;
+            const std::string test = isTime ? at + expected[i] + "\" as time) of " : "";
+            const std::string answer = isTime ? "True" : expected[i];
+            EXPECT_EQ(AskHost(test + singular + " of application usage summary \"one\""), Values({answer}));
+            EXPECT_EQ(AskHost(test + plural + " of application usage summaries \"one\""), Values({answer}));
+            EXPECT_EQ(AskHost(test + singular + " of application usage summary"), Values({answer}));
+            EXPECT_EQ(AskHost(test + plural + " of application usage summaries"), Values({answer}));
+        }
     }
 }
 
@@ -254,6 +259,7 @@ TEST_F(Usage, WhatTheHostLacksIsSaid) {
     }
     host_.getGlobalLocation = nullptr;
     EXPECT_EQ(AskHost("exists application usage summaries"), Fails("InspectorStorageContextError"));
+    EXPECT_EQ(AskHost("exists application usage summary \"one\""), Fails("InspectorStorageContextError"));
     // Without settings every switch is off.
     EXPECT_EQ(Ask("exists application usage \"one\""), Fails("auInspectorDefinedError"));
     EXPECT_EQ(Ask("exists application usage summary"), Fails("ausInspectorDefinedError"));
@@ -286,6 +292,24 @@ TEST_F(Usage, RunningApplicationsAreTheActiveOnesWhoseFileIsThere) {
     host_.runs.resize(1);
     EXPECT_EQ(AskHost("name of running application"), Values({"one"}));
     EXPECT_EQ(AskHost("name of recent application"), Values({"one"}));
+}
+
+TEST_F(Usage, OnlyRunningApplicationsAskWhatIsActive) {
+    const std::string one = place_.File("one").CString();
+    host_.runs = {{1, 0, 0, true, one}};
+    host_.processActive = nullptr;
+    EXPECT_EQ(AskHost("running applications"), Fails("InspectorProcessTableContextError"));
+    EXPECT_EQ(AskHost("running applications \"one\""), Fails("InspectorProcessTableContextError"));
+    EXPECT_EQ(AskHost("recent applications"), Values({one}));
+    EXPECT_EQ(AskHost("recent applications \"one\""), Values({one}));
+}
+
+TEST_F(Usage, ANameIsComparedToTheLetter) {
+    place_.File("one");
+    host_.runs = {{1, 0, 0, true, place_.Path("one")}};
+    for (const char* phrase : {"running applications", "recent applications"}) {
+        EXPECT_EQ(AskHost(std::string(phrase) + " (\"One\"; \"on\"; \"one \"; \"/one\")"), Nothing()) << phrase;
+    }
 }
 
 }  // namespace

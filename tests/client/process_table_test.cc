@@ -3,8 +3,6 @@
 #include "client/process_table.h"
 
 #include <gtest/gtest.h>
-#include <signal.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -13,7 +11,7 @@
 
 #include "evaluator/inspector_context.h"
 #include "foundation/file_error.h"
-#include "inspectors/process_walk.h"
+#include "tests/client/sleeper.h"
 #include "tests/foundation/temporary_place.h"
 #include "values/moment.h"
 
@@ -124,12 +122,42 @@ TEST_F(CraftedListing, ARunEndsWithItsProcess) {
     EXPECT_EQ(table_.GetAppEvent("two"), ApplicationEvent::None);
 }
 
+TEST_F(CraftedListing, TheRunsThatGoOnAreTheSameAfterOthersHaveEnded) {
+    for (int id = 1; id <= 40; ++id) {
+        Run(std::to_string(id), "/bin/p" + std::to_string(id));
+    }
+    table_.Refresh();
+    for (const char* id : {"1", "2", "17", "40"}) {
+        End(id);
+        table_.Refresh();
+        table_.Refresh();
+    }
+    for (int id = 1; id <= 40; ++id) {
+        const std::string name = "p" + std::to_string(id);
+        const bool ended = id == 1 || id == 2 || id == 17 || id == 40;
+        EXPECT_EQ(Runs(name), Texts{std::to_string(id) + (ended ? " ran /bin/" : " runs /bin/") + name});
+    }
+}
+
 TEST_F(CraftedListing, ANumberThatIsUsedAgainIsAnotherRun) {
     Run("7", "/bin/one", "700");
     table_.Refresh();
     Run("7", "/bin/one", "800");
     table_.Refresh();
     EXPECT_EQ(Runs("one"), (Texts{"7 runs /bin/one", "7 ran /bin/one"}));
+}
+
+TEST_F(CraftedListing, ANumberThatIsUsedAgainLaterIsNoRunThatGoesOn) {
+    Run("7", "/bin/one");
+    Run("8", "/bin/two");
+    table_.Refresh();
+    End("7");
+    table_.Refresh();
+    Run("7", "/bin/two");
+    table_.Refresh();
+    table_.Refresh();
+    EXPECT_EQ(Runs("one"), Texts{"7 ran /bin/one"});
+    EXPECT_EQ(Runs("two"), (Texts{"8 runs /bin/two", "7 runs /bin/two"}));
 }
 
 TEST_F(CraftedListing, AProcessThatBecomesAnotherProgramIsAnotherRun) {
@@ -147,6 +175,9 @@ TEST_F(CraftedListing, AProgramWhoseFileIsDeletedGoesOn) {
     Run("7", "/bin/one (deleted)");
     table_.Refresh();
     EXPECT_EQ(Runs("one"), Texts{"7 runs /bin/one"});
+    Run("7", "/bin/one2 (deleted)");
+    table_.Refresh();
+    EXPECT_EQ(Runs("one"), Texts{"7 ran /bin/one"});
 }
 
 TEST_F(CraftedListing, WhatTellsNoStartIsNoEntry) {
@@ -159,6 +190,26 @@ TEST_F(CraftedListing, WhatTellsNoStartIsNoEntry) {
     place_.Folder("10");
     place_.Folder("self");
     EXPECT_FALSE(table_.GetProcessActiveByName("one"));
+}
+
+// The start of a process ends with the last byte that is read, or is cut by the end.
+TEST_F(CraftedListing, ATextIsReadAsFarAsItsFirst10239Bytes) {
+    const std::string text = StatText("", "700");
+    const size_t upToTheStart = text.find(" 700") + 4;
+    const std::string name(10239 - upToTheStart, 'x');
+    const auto startOfOne = [this] {
+        ProcessTable table(folder_);
+        ProcessRun run;
+        size_t index = 0;
+        return table.GetProcessEntryByName("one", index, run) ? run.startTime : -1;
+    };
+    Run("7", "/bin/one");
+    const int64_t start = startOfOne();
+    place_.File("7/stat", StatText(name, "700"));
+    EXPECT_NEAR(static_cast<double>(startOfOne()), static_cast<double>(start), 5e5);
+    // Of "700", "70" is left.
+    place_.File("7/stat", StatText(name + "x", "700"));
+    EXPECT_NEAR(static_cast<double>(startOfOne()), static_cast<double>(start - 7000000), 5e5);
 }
 
 TEST_F(CraftedListing, EntriesAreNumberedFromTheRunningOnes) {
@@ -299,51 +350,20 @@ TEST_F(CraftedListing, OneThreadRefreshesWhileAnotherReads) {
     worker.join();
 }
 
-// A copy of a program under a name of its own, run until the object ends it.
-class OwnProcess {
-public:
-    explicit OwnProcess(const std::string& program) : id_(fork()) {
-        if (id_ == 0) {
-            execl(program.c_str(), program.c_str(), "600", nullptr);
-            _exit(127);
-        }
-        const std::string id = std::to_string(id_);
-        while (ExecutableName("/proc/", id, 4096) != std::filesystem::path(program).filename()) {
-            usleep(1000);
-        }
-    }
-    OwnProcess(const OwnProcess&) = delete;
-    OwnProcess& operator=(const OwnProcess&) = delete;
-    ~OwnProcess() { End(); }
-
-    pid_t Id() const { return id_; }
-    void End() {
-        if (id_ > 0) {
-            kill(id_, SIGKILL);
-            waitpid(id_, nullptr, 0);
-            id_ = 0;
-        }
-    }
-
-private:
-    pid_t id_;
-};
-
 TEST(ProcessTable, FollowsTheProcessesOfThisMachine) {
     const TemporaryPlace place;
     const std::string name = "zendry-sleep-" + std::to_string(getpid());
-    std::filesystem::copy_file("/bin/sleep", place.Path(name));
     ProcessTable table;
     table.Track({name});
     EXPECT_FALSE(table.GetProcessActiveByName(name));
     const int64_t before = Now().Microseconds();
-    OwnProcess sleeper(place.Path(name));
+    Sleeper sleeper(place.Path(name));
     table.Refresh();
     EXPECT_TRUE(table.GetProcessActiveByName(name));
     ProcessRun run;
     size_t index = 0;
     ASSERT_TRUE(table.GetProcessEntryByName(name, index, run));
-    EXPECT_EQ(run.processId, sleeper.Id());
+    EXPECT_EQ(run.processId, sleeper.Process());
     EXPECT_EQ(run.path, place.Path(name));
     EXPECT_NEAR(static_cast<double>(run.startTime), static_cast<double>(before), 5e6);
     EXPECT_FALSE(table.GetProcessEntryByName(name, index, run));

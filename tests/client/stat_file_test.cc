@@ -109,6 +109,27 @@ TEST(StatFile, IsReadFromAPlace) {
     EXPECT_TRUE(ReadStatFile(place.Location("fifo.stat")).empty());
 }
 
+TEST(StatFile, OfManyRecordsIsReadFromAPlace) {
+    const TemporaryPlace place;
+    Records records(1000, kFirst);
+    for (size_t i = 0; i != records.size(); ++i) {
+        records[i].totalRunCount = static_cast<int64_t>(i);
+    }
+    EXPECT_EQ(ReadStatFile(place.File("a.stat", StatFileBytes(records))), records);
+}
+
+// A size that the count does not bear out is not believed: nothing is made ready for a file of holes.
+TEST(StatFile, OfAHostileSizeIsNotReadBeyondItsCount) {
+    const TemporaryPlace place;
+    const FileLocation location = place.File("a.stat", Counted(7, 0));
+    for (const uintmax_t records : {uintmax_t{6}, uintmax_t{8}, uintmax_t{1} << 30, (uintmax_t{1} << 32) + 7}) {
+        std::filesystem::resize_file(place.Path("a.stat"), 4 + 76 * records);
+        EXPECT_TRUE(ReadStatFile(location).empty()) << records;
+    }
+    std::filesystem::resize_file(place.Path("a.stat"), 4 + 76 * 7);
+    EXPECT_EQ(ReadStatFile(location).size(), 7u);
+}
+
 TEST(StatFile, IsWrittenWholeAndLeavesNothingBeside) {
     const TemporaryPlace place;
     const FileLocation location = place.Location("a.stat");

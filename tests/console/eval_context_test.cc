@@ -21,6 +21,7 @@
 #include "evaluator/inspector_action_context.h"
 #include "evaluator/inspector_analysis_context.h"
 #include "evaluator/inspector_praxel_context.h"
+#include "evaluator/inspector_registration_context.h"
 #include "evaluator/inspector_setting_store.h"
 #include "evaluator/inspector_system_context.h"
 #include "evaluator/pending_restart_inspector_context.h"
@@ -135,6 +136,7 @@ TEST(EvalContext, LendsTheInterfacesOfAConsoleAndNoOther) {
     EXPECT_FALSE(IsLent<InspectorAnalysisContext>(context));
     EXPECT_FALSE(IsLent<PendingRestartInspectorContext>(context));
     EXPECT_FALSE(IsLent<HostSelectorInspectorContext>(context));
+    EXPECT_FALSE(IsLent<InspectorRegistrationContext>(context));
 
     // So that nothing ever ends an evaluation.
     EXPECT_FALSE(IsLent<InspectorInterrupterPort>(context));

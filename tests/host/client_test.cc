@@ -95,6 +95,14 @@ TEST_F(ClientTest, SettingsOfTheAgent) {
     ExpectNone(host, {"administrator \"alpha\"", "administrators \"alpha\"", kOfClient, ""});
 }
 
+TEST_F(ClientTest, ASettingIsDisabledByAZeroAlone) {
+    for (const char* enabled : {"0", "1", "", "00", "no", "false", "-1", " 0"}) {
+        host.ofAgent.subsections["Client"] = {{"set", "0", {}, enabled}};
+        const std::string expected = std::string_view(enabled) == "0" ? "False" : "True";
+        EXPECT_EQ(Asked("enabled of setting \"set\" of client"), Values({expected})) << enabled;
+    }
+}
+
 TEST_F(ClientTest, CustomSiteSubscriptions) {
     host.ofAgent.subsections["CustomSites"] = {{"dated", "1", "Tue, 09 Mar 1999 10:11:12 +0000", {}},
                                                {"undated", "1", {}, {}}};

@@ -1,126 +1,11 @@
 // One host answers every family that is asked of a host, each phrase once: what a full agent is to the inspectors.
-#include "client/stat_file.h"
-#include "tests/foundation/temporary_place.h"
-#include "tests/host/embedding_host.h"
+#include "tests/host/filled_host.h"
 #include "tests/host/phrases.h"
-#include "values/ip_address.h"
 
 namespace {
 
-constexpr int64_t kSecond = 1'000'000;
-
-// A site, an item, an action and so on, one of each, with every field told.
 class FamiliesTest : public testing::Test {
 protected:
-    FamiliesTest() {
-        FillSites();
-        FillContent();
-        FillAction();
-        FillAgent();
-        FillServers();
-        FillProcesses();
-    }
-
-    void FillSites() {
-        SiteMap site;
-        site.name = "One";
-        site.folderName = "One";
-        site.url = "http://example.com/one";
-        site.tag = "tag";
-        site.type = SiteType::Custom;
-        site.version = 12;
-        SiteVersionList versions;
-        versions[0] = 3;
-        versions[1] = 4;
-        site.versionList = versions;
-        site.lastGatherTime = moment(1 * kSecond);
-        site.subscribeTime = moment(2 * kSecond);
-        site.gatherScheduleAuthority = GatherScheduleAuthority::Publisher;
-        site.gatherScheduleInterval = time_interval(integer(3600 * kSecond));
-        site.evaluated = true;
-        host.holder.Replace({site});
-        host.holder.SetCurrent(host.Site(0));
-        host.dataFolder = place.Location();
-        place.Folder("One");
-        place.File("One/masthead");
-        host.ofSites.subsections["One"] = {{"of site", "1", {}, {}}};
-        host.groups = {7};
-        host.memberships = {7};
-    }
-
-    void FillContent() {
-        HostPraxels::Item item;
-        item.id = 5;
-        item.site = host.Site(0);
-        item.relevant = true;
-        item.headers = {{"Subject", "of item"}};
-        host.items.push_back(item);
-        host.analysis = &host.items[0];
-        host.lastTimes = {{5, 3 * kSecond}};
-    }
-
-    void FillAction() {
-        ActionRecord& action = host.actions.emplace_back();
-        action.state.id = 17;
-        action.state.originPraxelId = 5;
-        action.state.constraint = 213;
-        action.state.systemConstraint = 13;
-        action.state.firstActiveCount = 14;
-        action.state.activeCount = 15;
-        action.state.activeLineNumber = 16;
-        action.state.lastActiveLineNumber = 18;
-        action.state.exitCode = -19;
-        action.state.constrained = true;
-        action.state.active = true;
-        action.state.pendingTime = 4 * kSecond;
-        action.state.completeTime = 5 * kSecond;
-        action.state.activeStartTime = 6 * kSecond;
-        action.state.lastActiveTime = 7 * kSecond;
-        action.state.lastChangeTime = 8 * kSecond;
-        action.parameters = {{"p", "parameter"}};
-        action.headers = {{"Subject", "of action"}};
-        action.relevantOfferOf = host.Site(0);
-        host.current = &action;
-        host.running = &action;
-    }
-
-    void FillAgent() {
-        host.program = place.File("agent");
-        host.storage = place.Location();
-        host.registered = {"10.1.2.3", "10.1.0.0", "10.1.0.0/16", "00-11-22-33-44-55"};
-        host.commandTime = 9 * kSecond;
-        host.rights = true;
-        host.loginPending = false;
-        host.restarts = {"update"};
-        host.ofAgent.subsections["Client"] = {
-            {"set", "value", "Tue, 09 Mar 1999 10:11:12 +0000", "1"},
-            {"__LockState",
-             "locked;controller=console;expiration=Tue, 09 Mar 1999 10:11:12 +0000;"
-             "effective=Mon, 08 Mar 1999 10:11:12 +0000;text=why",
-             {},
-             {}},
-            {"_OSLClient_UsageManager_EnableAppUsage", "1", {}, {}},
-            {"_OSLClient_UsageManager_EnableAppUsageSummary", "1", {}, {}},
-            {"_OSLClient_UsageManager_EnableAppUsageSummaryApps", "OSLRelay", {}, {}},
-        };
-        host.ofAgent.subsections["Administrators"] = {{"bob", "1", {}, {}}};
-        host.ofAgent.subsections["CustomSites"] = {{"custom", "1", "Tue, 09 Mar 1999 10:11:12 +0000", {}}};
-    }
-
-    void FillServers() {
-        host.told = {10 * kSecond, 11 * kSecond,    "report.example",   "9.2.1",
-                     "8.1",        "relay.example", "root.example.com", 4711};
-        host.servers = {{&server}, 0};
-    }
-
-    void FillProcesses() {
-        place.File("OSLRelay");
-        host.runs = {{1, 0, 0, true, place.Path("OSLRelay")}};
-        place.Folder("UsageData");
-        const StatRecord record{1 * kSecond, 2 * kSecond, 3 * kSecond, 60 * kSecond, 4, 1234, "1.2", "1.2 beta"};
-        place.File("UsageData/OSLRelay.stat", StatFileBytes(std::span(&record, 1)));
-    }
-
     // Each of the phrases answers so of the object.
     void ExpectAll(const std::string& of, const std::vector<std::pair<std::string, std::string>>& phrases) {
         for (const auto& [phrase, answer] : phrases) {
@@ -137,10 +22,8 @@ protected:
         }
     }
 
-    const TemporaryPlace place;
-    const ipv4or6_inspector_address address = *ipv4or6_inspector_address::Parse("10.9.8.7");
-    const HostSelectorEntry server{"chosen.example", &address, 52311, 1, 4, 12, 100, 2, 30, &address, 1};
-    EmbeddingHost host;
+    FilledHost host;
+    const TemporaryPlace& place = host.place;
 };
 
 constexpr int kMarch9 = 920974272;  // Tue, 09 Mar 1999 10:11:12 +0000

@@ -45,9 +45,7 @@ struct HostProcesses : InspectorProcessTableContext {
 
 private:
     static const std::vector<ProcessRun>& Runs() { return CurrentHost<HostProcesses>().runs; }
-    static std::string_view Name(const ProcessRun& run) {
-        return std::string_view(run.path).substr(run.path.rfind('/') + 1);
-    }
+    static std::string_view Name(const ProcessRun& run) { return ApplicationName(run.path); }
 };
 
 #endif

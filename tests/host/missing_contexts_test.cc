@@ -3,7 +3,7 @@
 #include <typeindex>
 
 #include "tests/foundation/temporary_place.h"
-#include "tests/host/embedding_host.h"
+#include "tests/host/filled_host.h"
 #include "tests/host/phrases.h"
 
 namespace {
@@ -108,6 +108,81 @@ TEST(Objects, WhatTheirHostLacksIsTold) {
     for (const auto& [phrase, error] : phrases) {
         ExpectFailure(&lacking, phrase, "NoInspectorContext");
         ExpectFailure(&empty, phrase, error);
+    }
+}
+
+// One entry that a host of everything lacks, and what asks it.
+struct MissingEntry {
+    void (*remove)(FilledHost& host);
+    const char* error;
+    std::vector<const char*> questions;
+};
+
+template <auto Entry>
+void Remove(FilledHost& host) {
+    host.*Entry = nullptr;
+}
+
+void TranslateNoName(FilledHost& host) {
+    SiteMap site = *host.Site(0);
+    site.nameIsTranslated = true;
+    host.holder.Replace({site});
+    host.lookupCustomSiteName = nullptr;
+}
+
+// clang-format off
+const MissingEntry kMissingEntries[] = {
+    {&Remove<&InspectorActionContext::currentAction>,              "InspectorActionContextError",        {"exists action", "statuss of actions"}},
+    {&Remove<&InspectorActionContext::activeAction>,               "InspectorActionContextError",        {"exists active actions"}},
+    {&Remove<&InspectorActionContext::actionById>,                 "InspectorActionContextError",        {"exists action 17"}},
+    {&Remove<&InspectorActionContext::nextRelevantOffer>,          "InspectorActionContextError",        {"ids of relevant offer actions of sites"}},
+    {&Remove<&InspectorActionContext::state>,                      "InspectorActionContextError",        {"id of action", "status of action", "exit codes of actions", "pendings of actions", "pending times of actions"}},
+    {&Remove<&InspectorActionContext::parameter>,                  "InspectorActionContextError",        {"parameter \"p\" of action"}},
+    {&Remove<&InspectorActionContext::currentParameter>,           "InspectorActionContextError",        {"parameter \"p\""}},
+    {&Remove<&InspectorActionContext::nextHeader>,                 "InspectorActionContextError",        {"names of headers of action", "values of headers \"subject\" of action"}},
+    {&Remove<&InspectorPraxelContext::nextPraxel>,                 "InspectorPraxelContextError",        {"ids of praxels of sites"}},
+    {&Remove<&InspectorPraxelContext::nextRelevantPraxel>,         "InspectorPraxelContextError",        {"ids of relevant praxels of sites"}},
+    {&Remove<&InspectorPraxelContext::relevance>,                  "InspectorPraxelContextError",        {"relevance of current analysis"}},
+    {&Remove<&InspectorPraxelContext::nextHeader>,                 "InspectorPraxelContextError",        {"names of headers of current analysis", "values of headers \"subject\" of current analysis"}},
+    {&Remove<&InspectorAnalysisContext::currentAnalysis>,          "InspectorAnalysisContextError",      {"exists current analysis"}},
+    {&Remove<&InspectorAnalysisContext::currentIdentity>,          "InspectorAnalysisContextError",      {"exists analysis"}},
+    {&Remove<&InspectorAnalysisContext::lastTime>,                 "InspectorAnalysisContextError",      {"last time of analysis"}},
+    {&Remove<&InspectorSiteContext::siteAdviceLocation>,           "InspectorSiteContextError",          {"folders of sites", "client folders of sites", "mastheads of sites"}},
+    {&Remove<&InspectorSiteContext::listOfSites>,                  "InspectorSiteContextError",          {"names of sites", "exists site \"One\""}},
+    {&Remove<&InspectorSiteContext::currentSite>,                  "InspectorSiteContextError",          {"exists current site"}},
+    {&TranslateNoName,                                             "InspectorSiteContextError",          {"names of sites", "exists site \"One\""}},
+    {&Remove<&InspectorSystemContext::registration>,               "InspectorSystemContextError",        {"registration address of client", "registration subnet address of client", "registration cidr address of client", "registration mac address of client"}},
+    {&Remove<&InspectorSystemContext::lastCommandTime>,            "InspectorSystemContextError",        {"last command time of client"}},
+    {&Remove<&InspectorSystemContext::administrativeRights>,       "InspectorSystemContextError",        {"enabled of administrative rights of client"}},
+    {&Remove<&InspectorSystemContext::pendingLogin>,               "InspectorSystemContextError",        {"pending login"}},
+    {&Remove<&InspectorSystemContext::hasGroup>,                   "InspectorSystemContextError",        {"ids of groups 7 of sites"}},
+    {&Remove<&InspectorSystemContext::isMember>,                   "InspectorSystemContextError",        {"members of groups 7 of sites"}},
+    {&Remove<&PendingRestartInspectorContext::pendingRestart>,     "InspectorSystemContextError",        {"pending restart"}},
+    {&Remove<&PendingRestartInspectorContext::namedPendingRestart>,"InspectorSystemContextError",        {"pending restart \"update\""}},
+    {&Remove<&PendingRestartInspectorContext::nextName>,           "InspectorSystemContextError",        {"pending restart names"}},
+    {&Remove<&OSLSettingsContext::settingStore>,                   "InspectorSettingsContextError",      {"settings of client", "exists setting \"set\" of client", "administrators of client", "exists administrator \"bob\" of client", "action lock state", "custom site subscription effective date \"custom\""}},
+    {&Remove<&OSLSettingsContext::sitesStore>,                     "InspectorSettingsContextError",      {"settings of sites", "exists setting \"of site\" of site \"One\""}},
+    {[](FilledHost& h) { h.settingStore = []() -> InspectorSettingStore* { return nullptr; }; },
+                                                                   "InspectorSettingsContextError",      {"settings of client"}},
+    {&Remove<&InspectorStorageContext::getExecutableLocation>,     "InspectorStorageContextError",       {"client", "brand of client"}},
+    {&Remove<&InspectorStorageContext::getGlobalLocation>,         "InspectorStorageContextError",       {"names of application usage summaries", "name of application usage summary \"OSLRelay\""}},
+    {&Remove<&InspectorRegistrationContext::lastRegistration>,     "InspectorRegistrationContextError",  {"last relay select time", "exists root server"}},
+    {&Remove<&HostSelectorInspectorContext::selector>,             "HostSelectorInspectorContextError",  {"exists selected server"}},
+    {&Remove<&InspectorProcessTableContext::processName>,          "InspectorProcessTableContextError",  {"running applications", "recent applications"}},
+    {&Remove<&InspectorProcessTableContext::processActive>,        "InspectorProcessTableContextError",  {"running applications", "running application \"OSLRelay\""}},
+    {&Remove<&InspectorProcessTableContext::processActiveByName>,  "InspectorProcessTableContextError",  {"relay service", "main gather service", "service \"OSLAgent\"", "running service \"OSLAgent\"", "names of application usage summaries"}},
+    {&Remove<&InspectorProcessTableContext::applicationUsage>,     "InspectorProcessTableContextError",  {"exists application usage \"OSLRelay\""}},
+    {&Remove<&InspectorProcessTableContext::tableInstance>,        "InspectorProcessTableContextError",  {"names of application usage summaries", "name of application usage summary \"OSLRelay\""}},
+};
+// clang-format on
+
+TEST(Entries, EachThatIsEmptyIsTheErrorOfItsInterface) {
+    for (const MissingEntry& missing : kMissingEntries) {
+        for (const char* question : missing.questions) {
+            FilledHost host;
+            missing.remove(host);
+            EXPECT_EQ(Ask(question, &host), Fails(missing.error)) << question;
+        }
     }
 }
 
