@@ -101,6 +101,24 @@ TEST(AptLibraryVersionInfoStore, SplitsNamesAtCommasAndDropsTheBlanksAroundThem)
     EXPECT_THAT(store.Candidates(), ElementsAre("libapt-pkg.so", "a", "b b", "c", "d"));
 }
 
+TEST(AptLibraryVersionInfoStore, GivesTheFirstGenerationThatMatches) {
+    AptLibraryVersionInfoStore store;
+    store.Add({"4.1", "first", "", "", "", ""}, "");
+    store.Add({"4.", "second", "", "", "", ""}, "");
+    store.Add({"4.1", "third", "", "", "", ""}, "");
+    EXPECT_STREQ(store.Find("4.1")->supportLibrary, "first");
+    EXPECT_STREQ(store.Find("4.2")->supportLibrary, "second");
+}
+
+// Whether a library is still open in this process.
+bool IsOpen(const std::string& path) {
+    void* handle = dlopen(path.c_str(), RTLD_LAZY | RTLD_NOLOAD);
+    if (handle != nullptr) {
+        dlclose(handle);
+    }
+    return handle != nullptr;
+}
+
 TEST(DebianSupportLibrary, LoadsOnceFromBesideTheExecutable) {
     RunFrom(kFakes + "/whole");
     DebianSupportLibrary library(Executable, FakeStore("known"));
@@ -110,6 +128,10 @@ TEST(DebianSupportLibrary, LoadsOnceFromBesideTheExecutable) {
     EXPECT_EQ(library.PkgLibVersion(), "4.10.1");
     executable = FileLocation();
     EXPECT_EQ(LoadFailure(library), "loaded");
+    // apt's own was only asked; the support library's names are there for whatever is opened after it.
+    EXPECT_FALSE(IsOpen(kFakes + "/apt_known/libapt-pkg.so"));
+    EXPECT_TRUE(IsOpen(kFakes + "/whole/OSLLib/DebianApt_4_10.so"));
+    EXPECT_NE(dlsym(RTLD_DEFAULT, "fakeOpenCaches"), nullptr);
 }
 
 TEST(DebianSupportLibrary, ReportsWhatItTriedWhereNoVersionIsKnown) {
@@ -126,6 +148,7 @@ TEST(DebianSupportLibrary, ReportsWhatItTriedWhereNoVersionIsKnown) {
                                      "/libapt-pkg.so\n  Couldn't determine library to use."));
         EXPECT_FALSE(library.IsLoaded());
         EXPECT_EQ(library.PkgLibVersion(), "");
+        EXPECT_FALSE(IsOpen(kFakes + "/apt_" + apt + "/libapt-pkg.so"));
     }
 }
 
@@ -174,6 +197,30 @@ TEST(DebianSupportLibrary, KeepsTheGenerationThatItChoseAfterAFailure) {
     EXPECT_FALSE(library.IsLoaded());
     RunFrom(kFakes + "/whole");
     EXPECT_EQ(LoadFailure(library), "loaded");
+}
+
+TEST(DebianSupportLibrary, WantsEachOfItsEntryPoints) {
+    for (const char* folder : {"lacking", "lacking_creator", "lacking_destroyer", "lacking_versioning"}) {
+        RunFrom(kFakes + "/" + folder);
+        DebianSupportLibrary library(Executable, FakeStore("known"));
+        const std::string path = kFakes + "/" + folder + "/OSLLib/DebianApt_4_10.so";
+        EXPECT_THAT(LoadFailure(library),
+                    EndsWith("\n   tryAptPkgLibVersion opened " + kFakes + "/apt_known/libapt-pkg.so\n  Loading " +
+                             path + "\n  Still missing entry points"));
+        EXPECT_FALSE(library.IsLoaded()) << folder;
+        EXPECT_FALSE(IsOpen(path)) << folder;
+    }
+}
+
+// What a library calls must be there when the support library is opened; of apt's, nothing is called.
+TEST(DebianSupportLibrary, IsOpenedWithAllThatItCalls) {
+    RunFrom(kFakes + "/whole");
+    DebianSupportLibrary lazily(Executable, FakeStore("unresolved"));
+    EXPECT_EQ(LoadFailure(lazily), "loaded");
+    RunFrom(kFakes + "/unresolved");
+    DebianSupportLibrary library(Executable, FakeStore("known"));
+    const std::string path = kFakes + "/unresolved/OSLLib/DebianApt_4_10.so";
+    EXPECT_THAT(LoadFailure(library), EndsWith("\n  Loading " + path + "\n  Can't load " + path));
 }
 
 TEST(DebianSupportLibrary, IsLookedForByItsNameWhereNoRegularFileIsInItsPlace) {

@@ -126,6 +126,10 @@ TEST(DmiAttempts, TellTheFailingStepOfMapping) {
     bad = good;
     bad.unmapErrors = {0, 22};
     EXPECT_EQ(Detail<DmiMapAttempt>(bad), "munmap failed (22) unmapping 297 bytes at 917504");
+    // A table that would lie behind all memory.
+    bad = FakeMemory();
+    bad.Put(0xf0000, EntryPoint(100, 0xffffffff, 0x21));
+    EXPECT_EQ(Detail<DmiMapAttempt>(bad), "mmap failed (22) mapping 4195 bytes at 4294963200");
     EXPECT_EQ(Detail<DmiMapAttempt>(FakeMemory()), "dmi info not found");
 }
 

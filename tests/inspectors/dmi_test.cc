@@ -2,6 +2,9 @@
 #include "inspectors/dmi.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <fstream>
 
 #include "tests/inspectors/firmware_catalogue.h"
 #include "tests/inspectors/firmware_host.h"
@@ -289,6 +292,7 @@ TEST(Dmi, IsMappedWhereItCannotBeRead) {
 
 void ExpectFailure(const FakeMemory& memory, const std::string& text) {
     Machine machine(memory);
+    CreateFile(machine.host.InfoFile());  // what an earlier process has left goes, too
     for (const char* question : {"exists dmi", "exists smbios", "exists dmi"}) {
         const Answer answer = machine.Asked(question);
         EXPECT_EQ(answer.failure, "DmiInspectorFailedError");
@@ -333,6 +337,15 @@ TEST(Dmi, IsNotThereWhereTheFileIsNoTable) {
     machine.info.Unload();
     DeleteFile(machine.host.InfoFile());
     EXPECT_EQ(machine.Asked("exists dmi; exists smbios"), Values({"False", "False"}));
+    for (const Bytes& content : {Bytes{1}, Bytes(29, 1), Bytes(30, 2), Bytes(30)}) {
+        std::ofstream(machine.host.InfoFile().CString(), std::ios::binary)
+            .write(reinterpret_cast<const char*>(content.data()), static_cast<std::streamsize>(content.size()));
+        EXPECT_EQ(machine.Asked("exists dmi; exists smbios"), Values({"False", "False"})) << content.size();
+        EXPECT_EQ(machine.Asked("vendor of bios_information of dmi"), DoesNotExist()) << content.size();
+    }
+    ASSERT_EQ(truncate(machine.host.InfoFile().CString(), 0x100000000), 0);
+    EXPECT_EQ(machine.Asked("exists dmi"), Fails("RequiredValueWouldOverflow"));
+    EXPECT_EQ(machine.Asked("exists smbios"), Fails("RequiredValueWouldOverflow"));
     EXPECT_EQ(machine.memory.opens, 1);
 }
 
