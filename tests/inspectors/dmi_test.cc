@@ -91,8 +91,8 @@ TEST(Dmi, AnswersEachFieldOfTheCatalogue) {
                   Values({"64", "4"}))
             << type.name;
         EXPECT_EQ(machine.Asked("exists " + type.name + " 2 of dmi; exists " + type.name + " (-1) of dmi; exists " +
-                                type.name + " 256 of dmi"),
-                  Values({"False", "False", "False"}));
+                                type.name + " 256 of dmi; exists " + type.name + " 4294967296 of dmi"),
+                  Values({"False", "False", "False", "False"}));
         for (const CatalogueField& field : type.fields) {
             ++fields;
             if (type.number == 10 && field.name == "device_type") {
@@ -166,6 +166,10 @@ TEST(Smbios, TakesTheTypesInTheirOrder) {
     EXPECT_EQ(numbers.size(), 42U);
     EXPECT_EQ(machine.Asked("types of structures of smbioses"), Values(numbers));
     EXPECT_EQ(machine.Asked("names of structures of smbios"), Values(names));
+    for (const char* none : {"none", "", "oem", "oem_stringss", "smbios"}) {
+        EXPECT_EQ(machine.Asked("exists structures \"" + std::string(none) + "\" of smbios"), Values({"False"}))
+            << none;
+    }
 }
 
 TEST(Smbios, WalksTheFieldsInTheirOrder) {
