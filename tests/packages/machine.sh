@@ -11,7 +11,8 @@ export LC_ALL=C
 for tool in dpkg-query apt-cache dpkg; do
     command -v $tool >/dev/null || { echo "skipped: there is no $tool"; exit 77; }
 done
-if [ ! -f "$(dirname "$console")/../OSLLib/DebianApt_6_0.so" ]; then
+support=$(dirname "$console")/../OSLLib/DebianApt_6_0.so
+if [ ! -f "$support" ]; then
     echo "skipped: the package support library was not built"
     exit 77
 fi
@@ -42,7 +43,7 @@ same() {
 
 # apt's library is named for the version that it tells.
 asked 'pkglibversion of debianpackage' >"$work/ours"
-library=$(realpath "$(ldconfig -p | sed -n 's/^\tlibapt-pkg\.so\.6\.0 .* => //p' | head -n 1)")
+library=$(realpath "$(ldd "$support" | sed -n 's/^.*libapt-pkg\.so\.6\.0 => \([^ ]*\) .*/\1/p')")
 echo "${library##*/libapt-pkg.so.}" >"$work/theirs"
 same "the library's version"
 
