@@ -324,6 +324,9 @@ TEST(Dmi, TellsTheFailureOfBothAttemptsAndRemembersIt) {
     memory.Put(0xf1000, EntryPoint(6, FakeMemory::kTableAddress, 0x24, "_SM_"));
     ExpectFailure(memory, "dmi info not found[dmi info not found]");
     EXPECT_STREQ(DmiInspectorFailedError("").what(), "dmi inspector error creating dmi.info");
+    const DmiInspectorFailedError failure("why");
+    EXPECT_EQ(failure.Detail(), "why");
+    EXPECT_STREQ(failure.what(), "dmi inspector error creating dmi.info (why)");
 }
 
 TEST(Dmi, FailsWhereTheFileCannotBeWritten) {
