@@ -139,6 +139,13 @@ cp "$fakes/apt_known/libapt-pkg.so" "$work/place/lib/libapt-pkg.so.6.0"
     cannot_open 0
     echo "  Couldn't determine library to use."
 } | expect "our own generation, not installed" "exists debianpackage"
+mkdir "$work/place/OSLLib/DebianApt_6_0.so"
+{
+    echo "$start"
+    cannot_open 0
+    echo "  Couldn't determine library to use."
+} | expect "our own generation, a folder in its place" "exists debianpackage"
+rmdir "$work/place/OSLLib/DebianApt_6_0.so"
 touch "$work/place/OSLLib/DebianApt_6_0.so"
 expect "our own generation, installed" "exists debianpackage" <<END
 $start
