@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -21,6 +22,7 @@ namespace {
 
 using testing::ElementsAre;
 using testing::EndsWith;
+using testing::HasSubstr;
 using testing::StartsWith;
 
 constexpr AptLibraryVersionInfo kFakeInfo = {"4.10.",
@@ -152,33 +154,49 @@ TEST(DebianSupportLibrary, ReportsWhatItTriedWhereNoVersionIsKnown) {
     }
 }
 
-// Run by the next, in a process that finds no library under any of the names.
+// Run by the next, in a process that finds no library under any of the names, from the folder that it is told.
 TEST(DebianSupportLibrary, DISABLED_PrintsItsReport) {
-    DebianSupportLibrary library(NoExecutable);
+    RunFrom(std::getenv("ZENDRY_FOLDER"));
+    DebianSupportLibrary library(Executable);
     std::printf("%s.\n", LoadFailure(library).c_str());
 }
 
-TEST(DebianSupportLibrary, ReportsEveryNameThatItTried) {
-    const TemporaryPlace place;
-    const auto store = AptLibraryVersionInfoStore::Known([](const char*) { return false; });
-    for (const std::string& name : store.Candidates()) {
-        place.File(name, "no library");
-    }
-    const std::string command = "LD_LIBRARY_PATH='" + place.Path() + "' '" +
+// What the process prints that runs from this folder, and finds no library in the other.
+std::string PrintedReport(const std::string& folder, const std::string& libraries) {
+    const std::string command = "ZENDRY_FOLDER='" + folder + "' LD_LIBRARY_PATH='" + libraries + "' '" +
                                 std::filesystem::read_symlink("/proc/self/exe").string() +
                                 "' --gtest_also_run_disabled_tests --gtest_filter='*DISABLED_PrintsItsReport'";
     const std::unique_ptr<FILE, int (*)(FILE*)> run(popen(command.c_str(), "r"), pclose);
     std::string output(65536, '\0');
     output.resize(fread(output.data(), 1, output.size(), run.get()));
-    EXPECT_THAT(output, testing::HasSubstr("\nLoadDebianSupportLibraryForOurVersion results:"
-                                           "\n   tryAptPkgLibVersion can't open libapt-pkg.so"
-                                           "\n   tryAptPkgLibVersion can't open libapt-pkg-libc6.7-6.so.4.6"
-                                           "\n   tryAptPkgLibVersion can't open libapt-pkg-libc6.7-6.so.4.6.0"
-                                           "\n   tryAptPkgLibVersion can't open libapt-pkg.so.4.10"
-                                           "\n   tryAptPkgLibVersion can't open libapt-pkg.so.4.10.1"
-                                           "\n   tryAptPkgLibVersion can't open libapt-pkg-libc6.10-6.so.4.8"
-                                           "\n   tryAptPkgLibVersion can't open libapt-pkg-libc6.10-6.so.4.8.0"
-                                           "\n  Couldn't determine library to use..\n"));
+    return output;
+}
+
+TEST(DebianSupportLibrary, ReportsEveryNameThatItTried) {
+    const TemporaryPlace place;
+    const auto store = AptLibraryVersionInfoStore::Known([](const char*) { return true; });
+    for (const std::string& name : store.Candidates()) {
+        place.File(name, "no library");
+    }
+    const std::string three =
+        "\nLoadDebianSupportLibraryForOurVersion results:"
+        "\n   tryAptPkgLibVersion can't open libapt-pkg.so"
+        "\n   tryAptPkgLibVersion can't open libapt-pkg-libc6.7-6.so.4.6"
+        "\n   tryAptPkgLibVersion can't open libapt-pkg-libc6.7-6.so.4.6.0"
+        "\n   tryAptPkgLibVersion can't open libapt-pkg.so.4.10"
+        "\n   tryAptPkgLibVersion can't open libapt-pkg.so.4.10.1"
+        "\n   tryAptPkgLibVersion can't open libapt-pkg-libc6.10-6.so.4.8"
+        "\n   tryAptPkgLibVersion can't open libapt-pkg-libc6.10-6.so.4.8.0";
+    const std::string end = "\n  Couldn't determine library to use..\n";
+    EXPECT_THAT(PrintedReport(place.Path(), place.Path()), HasSubstr(three + end));
+    // Our own generation leaves no trace but where its library is.
+    place.Folder("OSLLib");
+    place.Folder("OSLLib/DebianApt_6_0.so");
+    EXPECT_THAT(PrintedReport(place.Path(), place.Path()), HasSubstr(three + end));
+    std::filesystem::remove(place.Path("OSLLib/DebianApt_6_0.so"));
+    place.File("OSLLib/DebianApt_6_0.so");
+    EXPECT_THAT(PrintedReport(place.Path(), place.Path()),
+                HasSubstr(three + "\n   tryAptPkgLibVersion can't open libapt-pkg.so.6.0" + end));
 }
 
 TEST(DebianSupportLibrary, KeepsTheGenerationThatItChoseAfterAFailure) {
