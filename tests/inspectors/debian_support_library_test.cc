@@ -156,9 +156,10 @@ TEST(DebianSupportLibrary, ReportsWhatItTriedWhereNoVersionIsKnown) {
 
 // Run by the next, in a process that finds no library under any of the names, from the folder that it is told.
 TEST(DebianSupportLibrary, DISABLED_PrintsItsReport) {
+    DebianSupportLibrary library([]() -> const FileLocation* { return executable.IsEmpty() ? nullptr : &executable; });
+    std::printf("Before the folder is known:\n%s.\n", LoadFailure(library).c_str());
     RunFrom(std::getenv("ZENDRY_FOLDER"));
-    DebianSupportLibrary library(Executable);
-    std::printf("%s.\n", LoadFailure(library).c_str());
+    std::printf("And then:\n%s.\n", LoadFailure(library).c_str());
 }
 
 // What the process prints that runs from this folder, and finds no library in the other.
@@ -179,7 +180,7 @@ TEST(DebianSupportLibrary, ReportsEveryNameThatItTried) {
         place.File(name, "no library");
     }
     const std::string three =
-        "\nLoadDebianSupportLibraryForOurVersion results:"
+        ":\nLoadDebianSupportLibraryForOurVersion results:"
         "\n   tryAptPkgLibVersion can't open libapt-pkg.so"
         "\n   tryAptPkgLibVersion can't open libapt-pkg-libc6.7-6.so.4.6"
         "\n   tryAptPkgLibVersion can't open libapt-pkg-libc6.7-6.so.4.6.0"
@@ -188,15 +189,16 @@ TEST(DebianSupportLibrary, ReportsEveryNameThatItTried) {
         "\n   tryAptPkgLibVersion can't open libapt-pkg-libc6.10-6.so.4.8"
         "\n   tryAptPkgLibVersion can't open libapt-pkg-libc6.10-6.so.4.8.0";
     const std::string end = "\n  Couldn't determine library to use..\n";
-    EXPECT_THAT(PrintedReport(place.Path(), place.Path()), HasSubstr(three + end));
+    const std::string before = "Before the folder is known" + three + end;
+    EXPECT_THAT(PrintedReport(place.Path(), place.Path()), HasSubstr(before + "And then" + three + end));
     // Our own generation leaves no trace but where its library is.
     place.Folder("OSLLib");
     place.Folder("OSLLib/DebianApt_6_0.so");
-    EXPECT_THAT(PrintedReport(place.Path(), place.Path()), HasSubstr(three + end));
+    EXPECT_THAT(PrintedReport(place.Path(), place.Path()), HasSubstr(before + "And then" + three + end));
     std::filesystem::remove(place.Path("OSLLib/DebianApt_6_0.so"));
     place.File("OSLLib/DebianApt_6_0.so");
     EXPECT_THAT(PrintedReport(place.Path(), place.Path()),
-                HasSubstr(three + "\n   tryAptPkgLibVersion can't open libapt-pkg.so.6.0" + end));
+                HasSubstr(before + "And then" + three + "\n   tryAptPkgLibVersion can't open libapt-pkg.so.6.0" + end));
 }
 
 TEST(DebianSupportLibrary, KeepsTheGenerationThatItChoseAfterAFailure) {
