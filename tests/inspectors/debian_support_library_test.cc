@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -46,6 +47,9 @@ const FileLocation* Executable() { return &executable; }
 const FileLocation* NoExecutable() { return nullptr; }
 
 void RunFrom(const std::string& folder) { executable = FileLocation(folder + "/bin/zendry"); }
+
+static_assert(std::is_base_of_v<ExceptionPL, LoadDebianSupportLibraryError>);
+static_assert(std::is_base_of_v<DebuggableException, ExceptionPL>);
 
 std::string LoadFailure(DebianSupportLibrary& library) {
     try {

@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <fstream>
+#include <type_traits>
 
 #include "tests/inspectors/firmware_catalogue.h"
 #include "tests/inspectors/firmware_host.h"
@@ -324,6 +325,7 @@ TEST(Dmi, TellsTheFailureOfBothAttemptsAndRemembersIt) {
     memory.Put(0xf1000, EntryPoint(6, FakeMemory::kTableAddress, 0x24, "_SM_"));
     ExpectFailure(memory, "dmi info not found[dmi info not found]");
     EXPECT_STREQ(DmiInspectorFailedError("").what(), "dmi inspector error creating dmi.info");
+    static_assert(std::is_base_of_v<InspectorDefinedError, DmiInspectorFailedError>);
     const DmiInspectorFailedError failure("why");
     EXPECT_EQ(failure.Detail(), "why");
     EXPECT_STREQ(failure.what(), "dmi inspector error creating dmi.info (why)");

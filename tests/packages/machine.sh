@@ -64,6 +64,7 @@ same "versions of base packages"
 asked '(name of it & "|" & version of it as string) of packages of debianpackage' | without_architectures |
     sort >"$work/ours"
 same "versions of packages"
+cp "$work/theirs" "$work/all_versions"
 
 installed='packages whose (currently installed of it) of debianpackage'
 
@@ -81,9 +82,7 @@ dpkg-query -W -f '${db:Status-Status} ${Package}\n' | sed -n '/^\(not-installed\
 same "base packages that are installed"
 
 # By name: the two forms give the same packages as the walks over all do, and no others.
-for name in dpkg bash libc6; do
-    sed -n "s/^/$name|/p" <(apt-cache showpkg $name | sed -n '/^Versions:/,/^Reverse Depends:/s/^\([^ ]*\) (.*/\1/p')
-done | sort >"$work/theirs"
+grep -E '^(dpkg|bash|libc6)\|' "$work/all_versions" >"$work/theirs"
 asked '(name of it & "|" & version of it as string) of packages ("dpkg"; "bash"; "libc6"; "no such package") of debianpackage' |
     sort >"$work/ours"
 same "packages by name"
