@@ -10,6 +10,7 @@
 #include "foundation/file_reader.h"
 #include "foundation/file_stat.h"
 #include "foundation/file_writer.h"
+#include "foundation/little_endian.h"
 #include "foundation/temporary_file.h"
 
 namespace {
@@ -27,14 +28,7 @@ public:
     }
 
 private:
-    uint64_t Number(size_t size) {
-        const std::string_view field = Take(size);
-        uint64_t number = 0;
-        for (size_t i = size; i != 0; --i) {
-            number = number << 8 | static_cast<unsigned char>(field[i - 1]);
-        }
-        return number;
-    }
+    uint64_t Number(size_t size) { return LittleEndian(Take(size)); }
     std::string_view Take(size_t size) {
         const std::string_view field = rest_.substr(0, size);
         rest_.remove_prefix(size);
@@ -43,12 +37,6 @@ private:
 
     std::string_view rest_;
 };
-
-void AppendNumber(std::string& bytes, uint64_t number, size_t size) {
-    for (size_t i = 0; i != size; ++i) {
-        bytes += static_cast<char>(number >> 8 * i & 0xff);
-    }
-}
 
 void AppendText(std::string& bytes, std::string_view text) {
     std::string field(text.substr(0, std::min(text.find('\0'), kStatVersionSize)));
@@ -69,7 +57,7 @@ StatRecord ReadCommonFields(FieldReader& fields) {
 void AppendCommonFields(std::string& bytes, const StatRecord& record) {
     for (const int64_t field :
          {record.firstStartTime, record.lastStartTime, record.lastTimeSeen, record.totalDuration}) {
-        AppendNumber(bytes, static_cast<uint64_t>(field), 8);
+        AppendLittleEndian(bytes, static_cast<uint64_t>(field), 8);
     }
 }
 
@@ -162,11 +150,11 @@ std::string StatFileBytes(std::span<const StatRecord> records) {
     constexpr int64_t greatest = std::numeric_limits<uint32_t>::max();
     std::string bytes;
     bytes.reserve(kStatCountSize + records.size() * kStatRecordSize);
-    AppendNumber(bytes, records.size(), kStatCountSize);
+    AppendLittleEndian(bytes, records.size(), kStatCountSize);
     for (const StatRecord& record : records) {
         AppendCommonFields(bytes, record);
-        AppendNumber(bytes, static_cast<uint64_t>(record.fileSize.value_or(0)), 8);
-        AppendNumber(bytes, static_cast<uint64_t>(std::clamp(record.totalRunCount, int64_t{0}, greatest)), 4);
+        AppendLittleEndian(bytes, static_cast<uint64_t>(record.fileSize.value_or(0)), 8);
+        AppendLittleEndian(bytes, static_cast<uint64_t>(std::clamp(record.totalRunCount, int64_t{0}, greatest)), 4);
         AppendText(bytes, record.version);
         AppendText(bytes, record.stringVersion);
     }
@@ -176,7 +164,7 @@ std::string StatFileBytes(std::span<const StatRecord> records) {
 std::string OldStatFileBytes(const StatRecord& record) {
     std::string bytes;
     AppendCommonFields(bytes, record);
-    AppendNumber(bytes, static_cast<uint64_t>(record.totalRunCount), 8);
+    AppendLittleEndian(bytes, static_cast<uint64_t>(record.totalRunCount), 8);
     return bytes;
 }
 

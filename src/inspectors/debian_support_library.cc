@@ -43,13 +43,6 @@ bool DebianSupportLibrary::IsInstalled(const char* supportLibrary) const {
     }
 }
 
-const AptLibraryVersionInfoStore& DebianSupportLibrary::Store() {
-    if (!store_) {
-        store_ = AptLibraryVersionInfoStore::Known([this](const char* name) { return IsInstalled(name); });
-    }
-    return *store_;
-}
-
 bool DebianSupportLibrary::TryAptPkgLibVersion(const std::string& name, std::string& report) {
     std::unique_ptr<void, Close> library(dlopen(name.c_str(), RTLD_LAZY));
     if (library == nullptr) {
@@ -64,7 +57,7 @@ bool DebianSupportLibrary::TryAptPkgLibVersion(const std::string& name, std::str
     std::string text = *version;
     library.reset();
     report += "\n   tryAptPkgLibVersion opened " + name;
-    chosen_ = Store().Find(text);
+    chosen_ = store_.Find(text);
     if (chosen_ != nullptr) {
         pkgLibVersion_ = std::move(text);
     }
@@ -97,7 +90,11 @@ void DebianSupportLibrary::Load() {
     }
     std::string report = "LoadDebianSupportLibraryForOurVersion results:";
     if (chosen_ == nullptr) {
-        for (const std::string& name : Store().Candidates()) {
+        // Each time anew: where the executable lies may have become known since.
+        if (!hasOwnStore_) {
+            store_ = AptLibraryVersionInfoStore::Known([this](const char* name) { return IsInstalled(name); });
+        }
+        for (const std::string& name : store_.Candidates()) {
             if (TryAptPkgLibVersion(name, report)) {
                 break;
             }

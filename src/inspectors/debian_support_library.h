@@ -3,7 +3,6 @@
 #ifndef INSPECTORS_DEBIAN_SUPPORT_LIBRARY_H
 #define INSPECTORS_DEBIAN_SUPPORT_LIBRARY_H
 
-#include <optional>
 #include <string>
 
 #include "foundation/exception_pl.h"
@@ -24,7 +23,7 @@ public:
     explicit DebianSupportLibrary(ExecutableLocation executable) : executable_(executable) {}
     // With a store of its own in place of the known generations.
     DebianSupportLibrary(ExecutableLocation executable, AptLibraryVersionInfoStore store)
-        : executable_(executable), store_(std::move(store)) {}
+        : executable_(executable), hasOwnStore_(true), store_(std::move(store)) {}
     DebianSupportLibrary(const DebianSupportLibrary&) = delete;
     DebianSupportLibrary& operator=(const DebianSupportLibrary&) = delete;
 
@@ -50,13 +49,13 @@ private:
     // The support library's place beside the executable's folder; empty where the executable's is not known.
     FileLocation PlaceOf(const char* supportLibrary) const;
     bool IsInstalled(const char* supportLibrary) const;
-    const AptLibraryVersionInfoStore& Store();
     bool TryAptPkgLibVersion(const std::string& name, std::string& report);
     std::string PathOfChosen() const;
     void FindEntryPoints();
 
     const ExecutableLocation executable_;
-    std::optional<AptLibraryVersionInfoStore> store_;
+    const bool hasOwnStore_ = false;
+    AptLibraryVersionInfoStore store_;
     const AptLibraryVersionInfo* chosen_ = nullptr;
     std::string pkgLibVersion_;
     void* handle_ = nullptr;

@@ -8,53 +8,11 @@
 #include <cerrno>
 #include <cstring>
 #include <numeric>
+#include <string_view>
+
+#include "foundation/little_endian.h"
 
 namespace {
-
-class DevMem final : public MemoryDevice {
-public:
-    int Open() override {
-        descriptor_ = open64("/dev/mem", O_RDONLY | O_CLOEXEC);
-        return descriptor_ < 0 ? errno : 0;
-    }
-    void Close() override {
-        close(descriptor_);
-        descriptor_ = -1;
-    }
-    int Seek(uint64_t address) override {
-        return lseek64(descriptor_, static_cast<off64_t>(address), SEEK_SET) < 0 ? errno : 0;
-    }
-    int Read(unsigned char* out, size_t length, size_t& got) override {
-        got = 0;
-        while (got < length) {
-            const ssize_t count = read(descriptor_, out + got, length - got);
-            if (count == 0) {
-                return 0;
-            }
-            if (count > 0) {
-                got += static_cast<size_t>(count);
-            } else if (errno != EINTR) {
-                return errno;
-            }
-        }
-        return 0;
-    }
-    size_t PageSize() override { return static_cast<size_t>(sysconf(_SC_PAGESIZE)); }
-    int Map(uint64_t address, size_t length, const unsigned char*& at) override {
-        void* memory = mmap64(nullptr, length, PROT_READ, MAP_SHARED, descriptor_, static_cast<off64_t>(address));
-        if (memory == MAP_FAILED) {
-            return errno;
-        }
-        at = static_cast<const unsigned char*>(memory);
-        return 0;
-    }
-    int Unmap(const unsigned char* at, size_t length) override {
-        return munmap(const_cast<unsigned char*>(at), length) != 0 ? errno : 0;
-    }
-
-private:
-    int descriptor_ = -1;
-};
 
 class OpenDevice {
 public:
@@ -75,30 +33,74 @@ bool IsEntryPoint(const unsigned char* paragraph) {
            std::accumulate(paragraph, paragraph + kEntryPointLength, 0U) % 256 == 0;
 }
 
-uint32_t LittleEndian(const unsigned char* bytes, size_t width) {
-    uint32_t number = 0;
-    for (size_t i = width; i != 0; --i) {
-        number = number << 8 | bytes[i - 1];
-    }
-    return number;
-}
-
 }  // namespace
 
+// ---- The device -----------------------------------------------------------------------------------------------------
+
+int MemoryFile::Open() {
+    descriptor_ = open64(path_, O_RDONLY | O_CLOEXEC);
+    return descriptor_ < 0 ? errno : 0;
+}
+
+void MemoryFile::Close() {
+    close(descriptor_);
+    descriptor_ = -1;
+}
+
+int MemoryFile::Seek(uint64_t address) {
+    return lseek64(descriptor_, static_cast<off64_t>(address), SEEK_SET) < 0 ? errno : 0;
+}
+
+int MemoryFile::Read(unsigned char* out, size_t length, size_t& got) {
+    got = 0;
+    while (got < length) {
+        const ssize_t count = read(descriptor_, out + got, length - got);
+        if (count == 0) {
+            return 0;
+        }
+        if (count > 0) {
+            got += static_cast<size_t>(count);
+        } else if (errno != EINTR) {
+            return errno;
+        }
+    }
+    return 0;
+}
+
+size_t MemoryFile::PageSize() { return static_cast<size_t>(sysconf(_SC_PAGESIZE)); }
+
+int MemoryFile::Map(uint64_t address, size_t length, const unsigned char*& at) {
+    void* memory = mmap64(nullptr, length, PROT_READ, MAP_SHARED, descriptor_, static_cast<off64_t>(address));
+    if (memory == MAP_FAILED) {
+        return errno;
+    }
+    at = static_cast<const unsigned char*>(memory);
+    return 0;
+}
+
+int MemoryFile::Unmap(const unsigned char* at, size_t length) {
+    return munmap(const_cast<unsigned char*>(at), length) != 0 ? errno : 0;
+}
+
 MemoryDevice& SystemMemory() {
-    static DevMem device;
+    static MemoryFile device("/dev/mem");
     return device;
 }
 
+// ---- The entry point ------------------------------------------------------------------------------------------------
+
 std::optional<DmiEntryPoint> FindDmiEntryPoint(ConstData area) {
     for (size_t at = 0; at + kParagraph <= area.Length(); at += kParagraph) {
-        const unsigned char* paragraph = area.begin + at;
-        if (IsEntryPoint(paragraph)) {
-            return DmiEntryPoint{LittleEndian(paragraph + 6, 2), LittleEndian(paragraph + 8, 4), paragraph[14]};
+        const std::string_view paragraph = area.View().substr(at, kParagraph);
+        if (IsEntryPoint(area.begin + at)) {
+            return DmiEntryPoint{static_cast<uint32_t>(LittleEndian(paragraph.substr(6, 2))),
+                                 static_cast<uint32_t>(LittleEndian(paragraph.substr(8, 4))), area.begin[at + 14]};
         }
     }
     return std::nullopt;
 }
+
+// ---- Attempts -------------------------------------------------------------------------------------------------------
 
 DmiStepFailed DmiAttempt::Failed(const char* text, std::optional<uint64_t> number) const {
     std::string detail = std::string(name_) + " " + text;

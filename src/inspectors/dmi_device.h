@@ -28,6 +28,25 @@ public:
     virtual int Unmap(const unsigned char* at, size_t length) = 0;
 };
 
+// A file that shows the memory, read from where it is named when it is opened.
+class MemoryFile final : public MemoryDevice {
+public:
+    // The path must outlive this.
+    explicit MemoryFile(const char* path) : path_(path) {}
+
+    int Open() override;
+    void Close() override;
+    int Seek(uint64_t address) override;
+    int Read(unsigned char* out, size_t length, size_t& got) override;
+    size_t PageSize() override;
+    int Map(uint64_t address, size_t length, const unsigned char*& at) override;
+    int Unmap(const unsigned char* at, size_t length) override;
+
+private:
+    const char* path_;
+    int descriptor_ = -1;
+};
+
 // "/dev/mem".
 MemoryDevice& SystemMemory();
 

@@ -42,8 +42,6 @@ public:
     DmiTable(const DmiTable&) = delete;
     DmiTable& operator=(const DmiTable&) = delete;
 
-    const DmiInfoFile& File() const { return file_; }
-
     // Whether the file tells of this structure, be its bytes usable or not.
     bool Has(unsigned type, unsigned instance) const { return file_.Find(type, instance) != nullptr; }
 

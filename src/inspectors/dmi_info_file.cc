@@ -10,6 +10,7 @@
 #include "foundation/file_error.h"
 #include "foundation/file_operations.h"
 #include "foundation/file_reader.h"
+#include "foundation/little_endian.h"
 #include "inspectors/dmi_structure.h"
 
 namespace {
@@ -63,30 +64,24 @@ size_t StructureSize(ConstData rest, DmiParseMode mode) {
 
 // ---- Writing --------------------------------------------------------------------------------------------------------
 
-void Put(std::vector<unsigned char>& out, uint64_t number, size_t width) {
-    for (; width != 0; --width, number >>= 8) {
-        out.push_back(static_cast<unsigned char>(number));
-    }
-}
-
 std::vector<unsigned char> HeaderBytes(const DmiHeader& header) {
     std::vector<unsigned char> out;
-    Put(out, header.version, 1);
+    AppendLittleEndian(out, header.version, 1);
     out.resize(20);
-    Put(out, header.revision, 1);
-    Put(out, header.mode, 1);
-    Put(out, header.indexOffset, 4);
-    Put(out, header.indexCount, 4);
+    AppendLittleEndian(out, header.revision, 1);
+    AppendLittleEndian(out, header.mode, 1);
+    AppendLittleEndian(out, header.indexOffset, 4);
+    AppendLittleEndian(out, header.indexCount, 4);
     return out;
 }
 
 std::vector<unsigned char> IndexBytes(const std::vector<DmiIndexRecord>& records) {
     std::vector<unsigned char> out;
     for (auto record = records.rbegin(); record != records.rend(); ++record) {
-        Put(out, record->type, 1);
-        Put(out, record->instance, 1);
-        Put(out, DmiHeader::kLength + record->offset, 4);
-        Put(out, record->length, 2);
+        AppendLittleEndian(out, record->type, 1);
+        AppendLittleEndian(out, record->instance, 1);
+        AppendLittleEndian(out, DmiHeader::kLength + record->offset, 4);
+        AppendLittleEndian(out, record->length, 2);
     }
     return out;
 }
@@ -142,11 +137,7 @@ private:
 // ---- Reading --------------------------------------------------------------------------------------------------------
 
 uint32_t Get(const unsigned char* bytes, size_t width) {
-    uint32_t number = 0;
-    for (size_t i = width; i != 0; --i) {
-        number = number << 8 | bytes[i - 1];
-    }
-    return number;
+    return static_cast<uint32_t>(LittleEndian(ConstData(bytes, width).View()));
 }
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }

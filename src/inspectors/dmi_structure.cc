@@ -1,5 +1,7 @@
 #include "inspectors/dmi_structure.h"
 
+#include "foundation/little_endian.h"
+
 bool DmiStructure::IsWhole(ConstData bytes) {
     return bytes.Length() >= kHeaderLength && bytes.begin[1] >= kHeaderLength && bytes.begin[1] <= bytes.Length();
 }
@@ -13,14 +15,7 @@ std::optional<std::string_view> DmiStructure::Bytes(size_t offset, size_t length
 
 std::optional<uint64_t> DmiStructure::Number(size_t offset, size_t width) const {
     const std::optional<std::string_view> bytes = Bytes(offset, width);
-    if (!bytes) {
-        return std::nullopt;
-    }
-    uint64_t number = 0;
-    for (size_t i = width; i != 0; --i) {
-        number = number << 8 | static_cast<unsigned char>((*bytes)[i - 1]);
-    }
-    return number;
+    return bytes ? std::optional(LittleEndian(*bytes)) : std::nullopt;
 }
 
 std::optional<std::string_view> DmiStructure::StringAt(size_t offset) const {

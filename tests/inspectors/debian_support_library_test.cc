@@ -5,9 +5,11 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -21,6 +23,7 @@ namespace {
 
 using testing::ElementsAre;
 using testing::EndsWith;
+using testing::HasSubstr;
 using testing::StartsWith;
 
 constexpr AptLibraryVersionInfo kFakeInfo = {"4.10.",
@@ -44,6 +47,9 @@ const FileLocation* Executable() { return &executable; }
 const FileLocation* NoExecutable() { return nullptr; }
 
 void RunFrom(const std::string& folder) { executable = FileLocation(folder + "/bin/zendry"); }
+
+static_assert(std::is_base_of_v<ExceptionPL, LoadDebianSupportLibraryError>);
+static_assert(std::is_base_of_v<DebuggableException, ExceptionPL>);
 
 std::string LoadFailure(DebianSupportLibrary& library) {
     try {
@@ -101,6 +107,24 @@ TEST(AptLibraryVersionInfoStore, SplitsNamesAtCommasAndDropsTheBlanksAroundThem)
     EXPECT_THAT(store.Candidates(), ElementsAre("libapt-pkg.so", "a", "b b", "c", "d"));
 }
 
+TEST(AptLibraryVersionInfoStore, GivesTheFirstGenerationThatMatches) {
+    AptLibraryVersionInfoStore store;
+    store.Add({"4.1", "first", "", "", "", ""}, "");
+    store.Add({"4.", "second", "", "", "", ""}, "");
+    store.Add({"4.1", "third", "", "", "", ""}, "");
+    EXPECT_STREQ(store.Find("4.1")->supportLibrary, "first");
+    EXPECT_STREQ(store.Find("4.2")->supportLibrary, "second");
+}
+
+// Whether a library is still open in this process.
+bool IsOpen(const std::string& path) {
+    void* handle = dlopen(path.c_str(), RTLD_LAZY | RTLD_NOLOAD);
+    if (handle != nullptr) {
+        dlclose(handle);
+    }
+    return handle != nullptr;
+}
+
 TEST(DebianSupportLibrary, LoadsOnceFromBesideTheExecutable) {
     RunFrom(kFakes + "/whole");
     DebianSupportLibrary library(Executable, FakeStore("known"));
@@ -110,6 +134,10 @@ TEST(DebianSupportLibrary, LoadsOnceFromBesideTheExecutable) {
     EXPECT_EQ(library.PkgLibVersion(), "4.10.1");
     executable = FileLocation();
     EXPECT_EQ(LoadFailure(library), "loaded");
+    // apt's own was only asked; the support library's names are there for whatever is opened after it.
+    EXPECT_FALSE(IsOpen(kFakes + "/apt_known/libapt-pkg.so"));
+    EXPECT_TRUE(IsOpen(kFakes + "/whole/OSLLib/DebianApt_4_10.so"));
+    EXPECT_NE(dlsym(RTLD_DEFAULT, "fakeOpenCaches"), nullptr);
 }
 
 TEST(DebianSupportLibrary, ReportsWhatItTriedWhereNoVersionIsKnown) {
@@ -126,36 +154,55 @@ TEST(DebianSupportLibrary, ReportsWhatItTriedWhereNoVersionIsKnown) {
                                      "/libapt-pkg.so\n  Couldn't determine library to use."));
         EXPECT_FALSE(library.IsLoaded());
         EXPECT_EQ(library.PkgLibVersion(), "");
+        EXPECT_FALSE(IsOpen(kFakes + "/apt_" + apt + "/libapt-pkg.so"));
     }
 }
 
-// Run by the next, in a process that finds no library under any of the names.
+// Run by the next, in a process that finds no library under any of the names, from the folder that it is told.
 TEST(DebianSupportLibrary, DISABLED_PrintsItsReport) {
-    DebianSupportLibrary library(NoExecutable);
-    std::printf("%s.\n", LoadFailure(library).c_str());
+    DebianSupportLibrary library([]() -> const FileLocation* { return executable.IsEmpty() ? nullptr : &executable; });
+    std::printf("Before the folder is known:\n%s.\n", LoadFailure(library).c_str());
+    RunFrom(std::getenv("ZENDRY_FOLDER"));
+    std::printf("And then:\n%s.\n", LoadFailure(library).c_str());
 }
 
-TEST(DebianSupportLibrary, ReportsEveryNameThatItTried) {
-    const TemporaryPlace place;
-    const auto store = AptLibraryVersionInfoStore::Known([](const char*) { return false; });
-    for (const std::string& name : store.Candidates()) {
-        place.File(name, "no library");
-    }
-    const std::string command = "LD_LIBRARY_PATH='" + place.Path() + "' '" +
+// What the process prints that runs from this folder, and finds no library in the other.
+std::string PrintedReport(const std::string& folder, const std::string& libraries) {
+    const std::string command = "ZENDRY_FOLDER='" + folder + "' LD_LIBRARY_PATH='" + libraries + "' '" +
                                 std::filesystem::read_symlink("/proc/self/exe").string() +
                                 "' --gtest_also_run_disabled_tests --gtest_filter='*DISABLED_PrintsItsReport'";
     const std::unique_ptr<FILE, int (*)(FILE*)> run(popen(command.c_str(), "r"), pclose);
     std::string output(65536, '\0');
     output.resize(fread(output.data(), 1, output.size(), run.get()));
-    EXPECT_THAT(output, testing::HasSubstr("\nLoadDebianSupportLibraryForOurVersion results:"
-                                           "\n   tryAptPkgLibVersion can't open libapt-pkg.so"
-                                           "\n   tryAptPkgLibVersion can't open libapt-pkg-libc6.7-6.so.4.6"
-                                           "\n   tryAptPkgLibVersion can't open libapt-pkg-libc6.7-6.so.4.6.0"
-                                           "\n   tryAptPkgLibVersion can't open libapt-pkg.so.4.10"
-                                           "\n   tryAptPkgLibVersion can't open libapt-pkg.so.4.10.1"
-                                           "\n   tryAptPkgLibVersion can't open libapt-pkg-libc6.10-6.so.4.8"
-                                           "\n   tryAptPkgLibVersion can't open libapt-pkg-libc6.10-6.so.4.8.0"
-                                           "\n  Couldn't determine library to use..\n"));
+    return output;
+}
+
+TEST(DebianSupportLibrary, ReportsEveryNameThatItTried) {
+    const TemporaryPlace place;
+    const auto store = AptLibraryVersionInfoStore::Known([](const char*) { return true; });
+    for (const std::string& name : store.Candidates()) {
+        place.File(name, "no library");
+    }
+    const std::string three =
+        ":\nLoadDebianSupportLibraryForOurVersion results:"
+        "\n   tryAptPkgLibVersion can't open libapt-pkg.so"
+        "\n   tryAptPkgLibVersion can't open libapt-pkg-libc6.7-6.so.4.6"
+        "\n   tryAptPkgLibVersion can't open libapt-pkg-libc6.7-6.so.4.6.0"
+        "\n   tryAptPkgLibVersion can't open libapt-pkg.so.4.10"
+        "\n   tryAptPkgLibVersion can't open libapt-pkg.so.4.10.1"
+        "\n   tryAptPkgLibVersion can't open libapt-pkg-libc6.10-6.so.4.8"
+        "\n   tryAptPkgLibVersion can't open libapt-pkg-libc6.10-6.so.4.8.0";
+    const std::string end = "\n  Couldn't determine library to use..\n";
+    const std::string before = "Before the folder is known" + three + end;
+    EXPECT_THAT(PrintedReport(place.Path(), place.Path()), HasSubstr(before + "And then" + three + end));
+    // Our own generation leaves no trace but where its library is.
+    place.Folder("OSLLib");
+    place.Folder("OSLLib/DebianApt_6_0.so");
+    EXPECT_THAT(PrintedReport(place.Path(), place.Path()), HasSubstr(before + "And then" + three + end));
+    std::filesystem::remove(place.Path("OSLLib/DebianApt_6_0.so"));
+    place.File("OSLLib/DebianApt_6_0.so");
+    EXPECT_THAT(PrintedReport(place.Path(), place.Path()),
+                HasSubstr(before + "And then" + three + "\n   tryAptPkgLibVersion can't open libapt-pkg.so.6.0" + end));
 }
 
 TEST(DebianSupportLibrary, KeepsTheGenerationThatItChoseAfterAFailure) {
@@ -174,6 +221,30 @@ TEST(DebianSupportLibrary, KeepsTheGenerationThatItChoseAfterAFailure) {
     EXPECT_FALSE(library.IsLoaded());
     RunFrom(kFakes + "/whole");
     EXPECT_EQ(LoadFailure(library), "loaded");
+}
+
+TEST(DebianSupportLibrary, WantsEachOfItsEntryPoints) {
+    for (const char* folder : {"lacking", "lacking_creator", "lacking_destroyer", "lacking_versioning"}) {
+        RunFrom(kFakes + "/" + folder);
+        DebianSupportLibrary library(Executable, FakeStore("known"));
+        const std::string path = kFakes + "/" + folder + "/OSLLib/DebianApt_4_10.so";
+        EXPECT_THAT(LoadFailure(library),
+                    EndsWith("\n   tryAptPkgLibVersion opened " + kFakes + "/apt_known/libapt-pkg.so\n  Loading " +
+                             path + "\n  Still missing entry points"));
+        EXPECT_FALSE(library.IsLoaded()) << folder;
+        EXPECT_FALSE(IsOpen(path)) << folder;
+    }
+}
+
+// What a library calls must be there when the support library is opened; of apt's, nothing is called.
+TEST(DebianSupportLibrary, IsOpenedWithAllThatItCalls) {
+    RunFrom(kFakes + "/whole");
+    DebianSupportLibrary lazily(Executable, FakeStore("unresolved"));
+    EXPECT_EQ(LoadFailure(lazily), "loaded");
+    RunFrom(kFakes + "/unresolved");
+    DebianSupportLibrary library(Executable, FakeStore("known"));
+    const std::string path = kFakes + "/unresolved/OSLLib/DebianApt_4_10.so";
+    EXPECT_THAT(LoadFailure(library), EndsWith("\n  Loading " + path + "\n  Can't load " + path));
 }
 
 TEST(DebianSupportLibrary, IsLookedForByItsNameWhereNoRegularFileIsInItsPlace) {

@@ -60,6 +60,15 @@ TEST(Debver, OwnsItsTextWhereItIsKept) {
     EXPECT_EQ(kept.Value().View().data()[7], '\0');
 }
 
+TEST(Debver, IsNotFingerprinted) {
+    for (const GuardType& type :
+         {TypeRecord<debian_package_version>(), TypeRecord<debian_package_version_epoch>(),
+          TypeRecord<debian_package_upstream_version>(), TypeRecord<debian_package_version_revision>()}) {
+        EXPECT_EQ(type.fingerprint, nullptr) << type.name;
+        EXPECT_EQ(type.size, 4U) << type.name;
+    }
+}
+
 // These run without a context, and so without a support library.
 
 TEST(DebverWithoutLibrary, HasNoOrder) {

@@ -2,7 +2,12 @@
 #include "inspectors/dmi_device.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
+#include <filesystem>
+#include <iterator>
+
+#include "tests/foundation/temporary_place.h"
 #include "tests/inspectors/firmware_host.h"
 
 namespace {
@@ -126,7 +131,61 @@ TEST(DmiAttempts, TellTheFailingStepOfMapping) {
     bad = good;
     bad.unmapErrors = {0, 22};
     EXPECT_EQ(Detail<DmiMapAttempt>(bad), "munmap failed (22) unmapping 297 bytes at 917504");
+    // A table that would lie behind all memory.
+    bad = FakeMemory();
+    bad.Put(0xf0000, EntryPoint(100, 0xffffffff, 0x21));
+    EXPECT_EQ(Detail<DmiMapAttempt>(bad), "mmap failed (22) mapping 4195 bytes at 4294963200");
     EXPECT_EQ(Detail<DmiMapAttempt>(FakeMemory()), "dmi info not found");
+}
+
+// A file in the place of the device: what the machine's own calls give of it.
+TEST(MemoryFile, IsReadAndMapped) {
+    const Bytes table = Joined({Structure(0, {1, 2, 3}, {"a"}), Structure(127, {})});
+    std::string memory(0x100000, '\0');
+    const auto put = [&memory](size_t at, const Bytes& bytes) { std::copy(bytes.begin(), bytes.end(), &memory[at]); };
+    put(0xe0123, table);
+    put(0xf4560, EntryPoint(static_cast<uint32_t>(table.size()), 0xe0123, 0x28));
+    const TemporaryPlace place;
+    place.File("memory", memory);
+    const auto descriptors = [] {
+        return std::distance(std::filesystem::directory_iterator("/proc/self/fd"),
+                             std::filesystem::directory_iterator());
+    };
+    const auto before = descriptors();
+    const std::string path = place.Path("memory");
+    MemoryFile file(path.c_str());
+    EXPECT_EQ(DmiReadAttempt(file).Table().bytes, table);
+    EXPECT_EQ(DmiReadAttempt(file).Table().revision, 0x28);
+    EXPECT_EQ(DmiMapAttempt(file).Table().bytes, table);
+    EXPECT_EQ(DmiMapAttempt(file).Table().revision, 0x28);
+    EXPECT_EQ(descriptors(), before);
+}
+
+template <class Attempt>
+std::string DetailOfFile(const char* path) {
+    MemoryFile file(path);
+    try {
+        Attempt(file).Table();
+    } catch (const DmiStepFailed& failure) {
+        return failure.detail;
+    }
+    return "none";
+}
+
+TEST(MemoryFile, TellsWhatTheMachineSays) {
+    EXPECT_EQ(DetailOfFile<DmiReadAttempt>("/nowhere/memory"), "CreateDmiInfo cannot open /dev/mem (2)");
+    EXPECT_EQ(DetailOfFile<DmiMapAttempt>("/nowhere/memory"), "CreateDmiInfoMMap cannot open /dev/mem (2)");
+    // Nothing to read, and nothing to map.
+    EXPECT_EQ(DetailOfFile<DmiReadAttempt>("/dev/null"), "CreateDmiInfo read at 0xf0000 failed");
+    EXPECT_EQ(DetailOfFile<DmiMapAttempt>("/dev/null"), "mmap failed (19) mapping 65536 bytes at 983040");
+    // No memory of a process lies so low.
+    EXPECT_EQ(DetailOfFile<DmiReadAttempt>("/proc/self/mem"), "CreateDmiInfo read at 0xf0000 failed (5)");
+    int ends[2];
+    ASSERT_EQ(pipe(ends), 0);
+    EXPECT_EQ(DetailOfFile<DmiReadAttempt>(("/proc/self/fd/" + std::to_string(ends[0])).c_str()),
+              "CreateDmiInfo seek to 0xf0000 failed (29)");
+    close(ends[0]);
+    close(ends[1]);
 }
 
 template <class Attempt>

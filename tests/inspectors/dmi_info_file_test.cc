@@ -2,8 +2,11 @@
 #include "inspectors/dmi_info_file.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <unistd.h>
 
+#include <cerrno>
+#include <csignal>
 #include <fstream>
 #include <iterator>
 
@@ -126,7 +129,51 @@ TEST(DmiInfoFile, ThatCannotBeWrittenIsNotThere) {
     CreateDirectory(host.InfoFile());
     EXPECT_THROW(WriteDmiInfo(host.InfoFile(), {0, {}}), FileIOError);
     EXPECT_FALSE(FileStat(host.InfoFile()).IsThere());  // an empty folder goes, too
-    EXPECT_THROW(WriteDmiInfo(FileLocation("/dev/full"), {0, Structure(0, {})}), FileIOError);
+}
+
+// A scope in which no file may grow beyond a length.
+class FileLimit {
+public:
+    explicit FileLimit(rlim_t length) : handler_(signal(SIGXFSZ, SIG_IGN)) {
+        getrlimit(RLIMIT_FSIZE, &before_);
+        rlimit limit = before_;
+        limit.rlim_cur = length;
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    FileLimit(const FileLimit&) = delete;
+    FileLimit& operator=(const FileLimit&) = delete;
+    ~FileLimit() {
+        setrlimit(RLIMIT_FSIZE, &before_);
+        signal(SIGXFSZ, handler_);
+    }
+
+private:
+    void (*const handler_)(int);
+    rlimit before_{};
+};
+
+TEST(DmiInfoFile, ThatCannotBeWrittenWholeIsNotThere) {
+    const DmiFirmwareTable table = {0x24, Structure(0, {}, {std::string(20000, 'x')})};  // a file of 20044 bytes
+    for (const rlim_t limit : {0, 1, 30, 10000, 20043}) {
+        FirmwareHost host;
+        int error = 0;
+        {
+            const FileLimit limited(limit);
+            try {
+                WriteDmiInfo(host.InfoFile(), table);
+            } catch (const FileIOError& failure) {
+                error = failure.Code();
+            }
+        }
+        EXPECT_EQ(error, EFBIG) << limit;
+        EXPECT_FALSE(FileStat(host.InfoFile()).IsThere()) << limit;
+    }
+    FirmwareHost host;
+    {
+        const FileLimit limited(20044);
+        WriteDmiInfo(host.InfoFile(), table);
+    }
+    EXPECT_EQ(Content(host.InfoFile()).size(), 20044U);
 }
 
 TEST(DmiInfoFile, IsRefusedForItsSizeAndVersion) {

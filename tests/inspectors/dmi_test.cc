@@ -2,6 +2,10 @@
 #include "inspectors/dmi.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <fstream>
+#include <type_traits>
 
 #include "tests/inspectors/firmware_catalogue.h"
 #include "tests/inspectors/firmware_host.h"
@@ -88,8 +92,8 @@ TEST(Dmi, AnswersEachFieldOfTheCatalogue) {
                   Values({"64", "4"}))
             << type.name;
         EXPECT_EQ(machine.Asked("exists " + type.name + " 2 of dmi; exists " + type.name + " (-1) of dmi; exists " +
-                                type.name + " 256 of dmi"),
-                  Values({"False", "False", "False"}));
+                                type.name + " 256 of dmi; exists " + type.name + " 4294967296 of dmi"),
+                  Values({"False", "False", "False", "False"}));
         for (const CatalogueField& field : type.fields) {
             ++fields;
             if (type.number == 10 && field.name == "device_type") {
@@ -163,6 +167,10 @@ TEST(Smbios, TakesTheTypesInTheirOrder) {
     EXPECT_EQ(numbers.size(), 42U);
     EXPECT_EQ(machine.Asked("types of structures of smbioses"), Values(numbers));
     EXPECT_EQ(machine.Asked("names of structures of smbios"), Values(names));
+    for (const char* none : {"none", "", "oem", "oem_stringss", "smbios"}) {
+        EXPECT_EQ(machine.Asked("exists structures \"" + std::string(none) + "\" of smbios"), Values({"False"}))
+            << none;
+    }
 }
 
 TEST(Smbios, WalksTheFieldsInTheirOrder) {
@@ -289,6 +297,7 @@ TEST(Dmi, IsMappedWhereItCannotBeRead) {
 
 void ExpectFailure(const FakeMemory& memory, const std::string& text) {
     Machine machine(memory);
+    CreateFile(machine.host.InfoFile());  // what an earlier process has left goes, too
     for (const char* question : {"exists dmi", "exists smbios", "exists dmi"}) {
         const Answer answer = machine.Asked(question);
         EXPECT_EQ(answer.failure, "DmiInspectorFailedError");
@@ -316,6 +325,10 @@ TEST(Dmi, TellsTheFailureOfBothAttemptsAndRemembersIt) {
     memory.Put(0xf1000, EntryPoint(6, FakeMemory::kTableAddress, 0x24, "_SM_"));
     ExpectFailure(memory, "dmi info not found[dmi info not found]");
     EXPECT_STREQ(DmiInspectorFailedError("").what(), "dmi inspector error creating dmi.info");
+    static_assert(std::is_base_of_v<InspectorDefinedError, DmiInspectorFailedError>);
+    const DmiInspectorFailedError failure("why");
+    EXPECT_EQ(failure.Detail(), "why");
+    EXPECT_STREQ(failure.what(), "dmi inspector error creating dmi.info (why)");
 }
 
 TEST(Dmi, FailsWhereTheFileCannotBeWritten) {
@@ -333,6 +346,15 @@ TEST(Dmi, IsNotThereWhereTheFileIsNoTable) {
     machine.info.Unload();
     DeleteFile(machine.host.InfoFile());
     EXPECT_EQ(machine.Asked("exists dmi; exists smbios"), Values({"False", "False"}));
+    for (const Bytes& content : {Bytes{1}, Bytes(29, 1), Bytes(30, 2), Bytes(30)}) {
+        std::ofstream(machine.host.InfoFile().CString(), std::ios::binary)
+            .write(reinterpret_cast<const char*>(content.data()), static_cast<std::streamsize>(content.size()));
+        EXPECT_EQ(machine.Asked("exists dmi; exists smbios"), Values({"False", "False"})) << content.size();
+        EXPECT_EQ(machine.Asked("vendor of bios_information of dmi"), DoesNotExist()) << content.size();
+    }
+    ASSERT_EQ(truncate(machine.host.InfoFile().CString(), 0x100000000), 0);
+    EXPECT_EQ(machine.Asked("exists dmi"), Fails("RequiredValueWouldOverflow"));
+    EXPECT_EQ(machine.Asked("exists smbios"), Fails("RequiredValueWouldOverflow"));
     EXPECT_EQ(machine.memory.opens, 1);
 }
 

@@ -5,6 +5,7 @@
 # search path for libraries on which all names of apt's are taken: so the machine's own apt plays no part.  The saved
 # run beside this script must come out of it byte for byte; and what goes wrong must be told in full.
 set -euo pipefail
+shopt -s lastpipe  # a failure found at the end of a pipe is counted like any other
 console=$(realpath "$1")
 fakes=$(realpath "$2")
 here=$(cd "$(dirname "$0")" && pwd)
@@ -131,21 +132,23 @@ expect "a cache that fails without words" "exists debianpackage" <<END
 E: The expression could not be evaluated: debianpackage inspector can't open the package cache
 END
 
-# Our own generation takes part only where its support library is.
-place - -
+# Our own generation takes part only where its support library is: then apt's library is looked for under that name, too.
+place - whole
 cp "$fakes/apt_known/libapt-pkg.so" "$work/place/lib/libapt-pkg.so.6.0"
-{
-    echo "$start"
-    cannot_open 0
-    echo "  Couldn't determine library to use."
-} | expect "our own generation, not installed" "exists debianpackage"
+not_found() {
+    {
+        echo "$start"
+        cannot_open 0
+        echo "  Couldn't determine library to use."
+    } | expect "$1" "pkglibversion of debianpackage"
+}
+not_found "our own generation, not installed"
+mkdir "$work/place/OSLLib/DebianApt_6_0.so"
+not_found "our own generation, a folder in its place"
+rmdir "$work/place/OSLLib/DebianApt_6_0.so"
 touch "$work/place/OSLLib/DebianApt_6_0.so"
-expect "our own generation, installed" "exists debianpackage" <<END
-$start
-$(cannot_open 0)
-   tryAptPkgLibVersion opened libapt-pkg.so.6.0
-  Loading DebianApt_4_10.so
-  Can't load DebianApt_4_10.so
+expect "our own generation, installed" "pkglibversion of debianpackage" <<END
+A: 4.10.1
 END
 
 [ $failed -eq 0 ] && echo "all hold"

@@ -4,12 +4,15 @@
 # Ends with 77, skipped, where there are no such tools or no package support library for the machine's apt.
 set -euo pipefail
 console=$(realpath "$1")
+. "$(cd "$(dirname "$0")" && pwd)/../../scripts/agent.sh"
+in_example_agent "$console"
 export LC_ALL=C
 
 for tool in dpkg-query apt-cache dpkg; do
     command -v $tool >/dev/null || { echo "skipped: there is no $tool"; exit 77; }
 done
-if [ ! -f "$(dirname "$console")/../OSLLib/DebianApt_6_0.so" ]; then
+support=$(dirname "$console")/../OSLLib/DebianApt_6_0.so
+if [ ! -f "$support" ]; then
     echo "skipped: the package support library was not built"
     exit 77
 fi
@@ -38,6 +41,31 @@ same() {
     fi
 }
 
+# apt's library is named for the version that it tells.
+asked 'pkglibversion of debianpackage' >"$work/ours"
+library=$(realpath "$(ldd "$support" | sed -n 's/^.*libapt-pkg\.so\.6\.0 => \([^ ]*\) .*/\1/p')")
+echo "${library##*/libapt-pkg.so.}" >"$work/theirs"
+same "the library's version"
+
+# The whole cache, as apt-cache tells it: its packages, a line for each version, and what each file is.  It writes an
+# architecture behind the names of other architectures' packages, where it cannot be told from a part of the name.
+apt-cache dump >"$work/dump"
+without_architectures() { sed -E 's/^([^:|]*):[^|]*/\1/'; }
+
+asked 'names of base packages of debianpackage' | without_architectures | sort >"$work/ours"
+sed -n 's/^Package: //p' "$work/dump" | without_architectures | sort >"$work/theirs"
+same "base packages"
+
+awk '/^Package: / { p = $2; sub(/:.*/, "", p) } /^File: / { exit }
+    /^ Version: / { print p "|" $2 }' "$work/dump" | sort >"$work/theirs"
+asked '(name of base package of it & "|" & it as string) of pkg versions of base packages of debianpackage' |
+    without_architectures | sort >"$work/ours"
+same "versions of base packages"
+asked '(name of it & "|" & version of it as string) of packages of debianpackage' | without_architectures |
+    sort >"$work/ours"
+same "versions of packages"
+cp "$work/theirs" "$work/all_versions"
+
 installed='packages whose (currently installed of it) of debianpackage'
 
 asked "(name of it & \"|\" & version of it as string & \"|\" & architecture of it) of $installed" | sort >"$work/ours"
@@ -47,6 +75,66 @@ same "installed packages"
 asked '(name of base package of it & "|" & it as string & "|" & architecture of it) of installed versions of base packages whose (currently installed of it) of debianpackage' |
     sort >"$work/ours"
 same "installed versions of base packages"
+
+asked 'names of base packages whose (currently installed of it) of debianpackage' | sort >"$work/ours"
+dpkg-query -W -f '${db:Status-Status} ${Package}\n' | sed -n '/^\(not-installed\|config-files\) /!s/^[^ ]* //p' |
+    sort >"$work/theirs"
+same "base packages that are installed"
+
+# By name: the two forms give the same packages as the walks over all do, and no others.
+grep -E '^(dpkg|bash|libc6)\|' "$work/all_versions" >"$work/theirs"
+asked '(name of it & "|" & version of it as string) of packages ("dpkg"; "bash"; "libc6"; "no such package") of debianpackage' |
+    sort >"$work/ours"
+same "packages by name"
+asked '(name of base package of it & "|" & it as string) of pkg versions of base packages ("dpkg"; "bash"; "libc6"; "no such package") of debianpackage' |
+    sort >"$work/ours"
+same "base packages by name"
+
+# The files of each version, and by these its release: where it is to be had, one after the other, and the architecture.
+dpkg-query -W -f '${db:Status-Status} ${Package}\n' | sed -n '/^\(not-installed\|config-files\) /!s/^[^ ]* //p' |
+    sort -u | xargs apt-cache showpkg |
+    awk '/^Package: / { p = $2 } /^Versions:/ { on = 1; next } /^Reverse Depends:/ { on = 0 }
+        on && /^[^ ].* \(/ { for (i = 2; i <= NF; ++i) print p "|" $1 "|" substr($i, 2, length($i) - 2) }' >"$work/files"
+sort "$work/files" >"$work/theirs"
+asked '(name of item 0 of it & "|" & version of item 0 of it as string & "|" & item 1 of it as string) of (it, verfiles of it) of packages of debianpackage' |
+    awk -F '|' 'NR == FNR { known[$1]; next } $1 in known' "$work/files" - | sort >"$work/ours"
+same "files of versions"
+
+apt-cache dumpavail | awk '/^Package: / { p = $2 } /^Version: / { v = $2 } /^Section: / { s = $2 }
+    /^Architecture: / { a = $2 } /^$/ { print p "|" v "|" a "|" s; a = s = "" }' >"$work/available"
+sort -u "$work/available" >"$work/theirs"
+for versions in 'name of it & "|" & version of it as string' 'name of base package of it & "|" & it as string'; do
+    [[ $versions == *base* ]] && of='pkg versions of base packages' || of=packages
+    asked "($versions & \"|\" & architecture of it & \"|\" & (section of it | \"\")) of $of of debianpackage" | sort -u |
+        comm -12 - "$work/theirs" >"$work/ours"
+    same "architectures and sections of available $of"
+done
+
+# What the package's own status file tells of is no place where the version is to be had; and no release is told twice.
+awk -F '|' '
+    FILENAME ~ /dump$/ {
+        if (/^File: /) f = substr($0, 7)
+        else if (/^ Type: Debian dpkg status file/) own[f] = 1
+        else if (/^ (Archive|Version|Label): /) { field = $1; sub(/^ /, "", field); n = index(field, ": ")
+            value[f, substr(field, 1, n - 1)] = substr(field, n + 2) }
+        next
+    }
+    FILENAME ~ /available$/ { architecture[$1 "|" $2] = $3; next }
+    { version = $1 "|" $2; if (!(version in release)) { order[++count] = version; release[version] = "" } }
+    !($3 in own) {
+        label = value[$3, "Label"]; number = value[$3, "Version"]
+        if (label != "(null)" && seen[version, label, number]++) next
+        release[version] = release[version] (release[version] == "" ? "" : ", ") \
+            (label == "(null)" ? "" : label ":") (number == "(null)" ? "" : number "/") value[$3, "Archive"]
+    }
+    END {
+        for (i = 1; i <= count; ++i)
+            if (order[i] in architecture)
+                print order[i] "|" release[order[i]] " [" architecture[order[i]] "]"
+    }' "$work/dump" "$work/available" "$work/files" | sort >"$work/theirs"
+asked '(name of it & "|" & version of it as string & "|" & release of it) of packages of debianpackage' |
+    awk -F '|' 'NR == FNR { known[$1 "|" $2]; next } ($1 "|" $2) in known' "$work/theirs" - | sort >"$work/ours"
+same "releases of versions"
 
 # The section is the archive's where the archive has the same version, else the package's own.
 asked "(name of it & \"|\" & version of it as string & \"|\" & (section of it | \"\")) of $installed" | sort >"$work/ours"
@@ -100,6 +188,14 @@ for name in dpkg bash libc6 perl-base coreutils; do
     apt-cache rdepends "$name" | sed '1,2d; s/^[ |]*//' | sed "s/^/$name /" | sort -u >>"$work/theirs"
 done
 same "reverse dependencies"
+
+# Each with the version of the package that depends.
+for name in dpkg bash libc6 perl-base coreutils; do
+    asked "(\"$name|\" & it as string & \"|\" & version of it) of reverse dependencies of packages \"$name\" of debianpackage"
+done | sort -u >"$work/ours"
+awk '/^Package: / { p = $2; sub(/:.*/, "", p) } /^ Version: / { v = $2 } /^  Depends: / { print $2 "|" p "|" v }' "$work/dump" |
+    grep -E '^(dpkg|bash|libc6|perl-base|coreutils)\|' | sort -u >"$work/theirs"
+same "versions of reverse dependencies"
 
 # Versions: the parts of every installed one, and a thousand comparisons in random pairs.
 dpkg-query -W -f '${Version}\n' | sed '/^$/d' | sort -u >"$work/versions"

@@ -1,6 +1,7 @@
 // A package support library over a small cache of its own: each package with its versions, each version with what is
-// asked of it.  WITHOUT_MAKERS leaves the last entry point out; FAILING has a cache that never opens, and FAILING_ODDLY
-// one that fails by what is no exception class; NO_CACHE gives none.
+// asked of it.  WITHOUT_CREATOR, WITHOUT_DESTROYER, WITHOUT_VERSIONING and WITHOUT_MAKERS leave an entry point out;
+// UNRESOLVED calls a function that is nowhere.  FAILING has a cache that never opens, and FAILING_ODDLY one that fails
+// by what is no exception class; NO_CACHE gives none.
 #include <array>
 #include <cstring>
 #include <stdexcept>
@@ -163,6 +164,13 @@ CacheDestroyer CacheDestroyer_deb_4_10;
 VersioningSystemGetter GetVersioningSystem_deb_4_10;
 EmptyIteratorMakersGetter GetEmptyIteratorMakers_deb_4_10;
 
+#ifdef UNRESOLVED
+void fakeNowhere();
+void fakeCall();
+void fakeCall() { fakeNowhere(); }
+#endif
+
+#ifndef WITHOUT_CREATOR
 wrp_pkgCache* CacheCreator_deb_4_10() {
 #if defined(FAILING)
     throw std::runtime_error("the cache is broken");
@@ -175,16 +183,21 @@ wrp_pkgCache* CacheCreator_deb_4_10() {
     return new Cache;
 #endif
 }
+#endif
 
+#ifndef WITHOUT_DESTROYER
 void CacheDestroyer_deb_4_10(wrp_pkgCache* cache) {
     --open;
     delete cache;
 }
+#endif
 
+#ifndef WITHOUT_VERSIONING
 const wrp_pkgVersioningSystem* GetVersioningSystem_deb_4_10() {
     static const VersioningSystem system;
     return &system;
 }
+#endif
 
 #ifndef WITHOUT_MAKERS
 const wrp_EmptyIteratorMakers* GetEmptyIteratorMakers_deb_4_10() {
