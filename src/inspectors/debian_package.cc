@@ -70,8 +70,7 @@ std::optional<inspector_string> VersionedPackageAsString(const debian_versioned_
     return CopiedString(std::string(name) + " " + version);
 }
 
-// ---- Walks
-// -----------------------------------------------------------------------------------------------------------
+// ---- Walks ----------------------------------------------------------------------------------------------------------
 
 // All packages, or those of a name.
 class base_package_iterator {
