@@ -7,7 +7,9 @@
 #include <algorithm>
 #include <bit>
 #include <charconv>
+#include <cstddef>
 #include <cstring>
+#include <utility>
 
 namespace {
 
@@ -44,7 +46,10 @@ bool HasFamily(const ifaddrs& entry, int family) {
     return entry.ifa_addr != nullptr && entry.ifa_addr->sa_family == family;
 }
 
-bool SameAddress(const ifaddrs& a, const ifaddrs& b) { return AddressOf(a) == AddressOf(b); }
+// The scope of an address of version 6 does not count.
+bool SameAddress(const ifaddrs& a, const ifaddrs& b) {
+    return a.ifa_addr->sa_family == b.ifa_addr->sa_family && AddressOf(a)->Octets() == AddressOf(b)->Octets();
+}
 
 }  // namespace
 
@@ -112,8 +117,11 @@ std::optional<std::string> MacText(const ifaddrs& packet, std::string_view separ
     }
     sockaddr_ll link;
     std::memcpy(&link, packet.ifa_addr, sizeof link);
-    const size_t length = std::min<size_t>(link.sll_halen, sizeof link.sll_addr);
-    if (std::all_of(link.sll_addr, link.sll_addr + length, [](unsigned char byte) { return byte == 0; })) {
+    unsigned char address[kLongestLinkAddress];
+    const size_t length = std::min<size_t>(link.sll_halen, sizeof address);
+    std::memcpy(address, reinterpret_cast<const unsigned char*>(packet.ifa_addr) + offsetof(sockaddr_ll, sll_addr),
+                length);
+    if (std::all_of(address, address + length, [](unsigned char byte) { return byte == 0; })) {
         return std::nullopt;
     }
     std::string text;
@@ -121,8 +129,8 @@ std::optional<std::string> MacText(const ifaddrs& packet, std::string_view separ
         if (i != 0) {
             text += separator;
         }
-        text += kDigits[link.sll_addr[i] >> 4];
-        text += kDigits[link.sll_addr[i] & 15];
+        text += kDigits[address[i] >> 4];
+        text += kDigits[address[i] & 15];
     }
     return text;
 }
@@ -133,8 +141,8 @@ const ifaddrs* InterfaceAdapter::FirstVersion4() const {
     return found == addresses.end() ? nullptr : *found;
 }
 
-InterfaceList::InterfaceList(ifaddrs* head, void (*release)(ifaddrs*)) : head_(head, release) {
-    for (const ifaddrs* entry = head; entry != nullptr; entry = entry->ifa_next) {
+InterfaceList::InterfaceList(Entries entries) : entries_(std::move(entries)) {
+    for (const ifaddrs* entry = Head(); entry != nullptr; entry = entry->ifa_next) {
         Add(*entry);
     }
 }
@@ -144,7 +152,7 @@ std::shared_ptr<const InterfaceList> InterfaceList::OfSystem() {
     if (getifaddrs(&head) != 0) {
         throw GetIFAddrFailed();
     }
-    return std::make_shared<const InterfaceList>(head, freeifaddrs);
+    return std::make_shared<const InterfaceList>(Entries(head, freeifaddrs));
 }
 
 void InterfaceList::Add(const ifaddrs& entry) {
