@@ -34,10 +34,11 @@ std::optional<ipv4or6_inspector_address> BroadcastAddressOf(const ifaddrs& entry
 // The subnet address, "/" and the number of bits in the mask.
 std::optional<std::string> CidrOf(const ifaddrs& entry);
 
-// The bytes of a packet entry's address in hexadecimal, with the separator between; none for an entry of another kind
-// and for an address of zeros alone.  The address may be longer than its field, as InfiniBand's is: the system then
-// gives the bytes that follow, up to kLongestLinkAddress.
+// The most bytes that the system gives of a link address.  InfiniBand's goes on behind the field that it begins in.
 inline constexpr size_t kLongestLinkAddress = 24;
+
+// The bytes of a packet entry's address in hexadecimal, with the separator between; none for an entry of another kind
+// and for an address of zeros alone.
 std::optional<std::string> MacText(const ifaddrs& packet, std::string_view separator);
 
 // The entries of one name.  An entry that has the family and the bytes of an earlier one's address counts once.
