@@ -5,6 +5,7 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <pty.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -135,13 +136,17 @@ public:
             kill(process_, SIGKILL);
         }
         int status = 0;
-        waitpid(process_, &status, 0);
+        rusage used{};
+        wait4(process_, &status, 0, &used);
+        peakKilobytes = used.ru_maxrss;
         process_ = -1;
         return !silent_ && WIFEXITED(status) ? WEXITSTATUS(status) : -1;
     }
 
     std::string output;
     std::string errors;
+    // The most memory that it held at once, known when it has ended; what started it counts up to its own start.
+    long peakKilobytes = 0;
 
 private:
     // Takes what has come.  False at the end of both streams or after a long silence.
