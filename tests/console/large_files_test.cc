@@ -38,6 +38,7 @@ Read ReadIt(const TemporaryPlace& place, const std::string& file) {
                                 "Q: key \"NEEDLE\"" + of +
                                 "Q: (it contains \"needle\", it contains \"pin\") of content" + of + "Q: sha1" + of);
     Program program({place.Path("questions")}, Program::Input::Closed);
+    program.silenceMilliseconds = 120000;
     EXPECT_EQ(program.Status(), 0) << program.errors;
     return {Answers(program.output), program.peakKilobytes};
 }

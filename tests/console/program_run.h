@@ -29,8 +29,8 @@ inline Environment ExampleAgent() {
             {"OSLClientActionMastheadPath", BuildFolder() + "/agent/actionsite.aqzm"}};
 }
 
-// A started program.  What it writes is gathered until a text is seen or until it ends; one that says nothing for ten
-// seconds is ended.
+// A started program.  What it writes is gathered until a text is seen or until it ends; one that says nothing for
+// longer than it is given is ended.
 class Program {
 public:
     enum class Input { Pipe, Terminal, Closed };
@@ -145,6 +145,7 @@ public:
 
     std::string output;
     std::string errors;
+    int silenceMilliseconds = 10000;
     // The most memory that it held at once, known when it has ended; what started it counts up to its own start.
     long peakKilobytes = 0;
 
@@ -155,7 +156,7 @@ private:
         if (!outputOpen_ && !errorsOpen_) {
             return false;
         }
-        if (poll(streams, 2, 10000) <= 0) {
+        if (poll(streams, 2, silenceMilliseconds) <= 0) {
             silent_ = true;
             return false;
         }
