@@ -19,7 +19,7 @@ constexpr size_t kVersion4At = 12;  // where the four bytes lie in the sixteen
 
 std::optional<ipv4or6_inspector_address> Made(const sockaddr* address) {
     if (address == nullptr) {
-        return std::nullopt;
+        return NoIFAddress;
     }
     if (address->sa_family == AF_INET) {
         sockaddr_in of4;
@@ -39,7 +39,7 @@ std::optional<ipv4or6_inspector_address> Made(const sockaddr* address) {
         }
         return ipv6_inspector_address(bytes, zone);
     }
-    return std::nullopt;
+    return NoIFAddress;
 }
 
 bool HasFamily(const ifaddrs& entry, int family) {
@@ -58,7 +58,7 @@ bool IsVersion6(const ifaddrs& entry) { return HasFamily(entry, AF_INET6); }
 bool IsPacket(const ifaddrs& entry) { return HasFamily(entry, AF_PACKET); }
 
 std::optional<int> FamilyOf(const ifaddrs& entry) {
-    return entry.ifa_addr == nullptr ? std::nullopt : std::optional<int>(entry.ifa_addr->sa_family);
+    return entry.ifa_addr == nullptr ? NoIFAddress : std::optional<int>(entry.ifa_addr->sa_family);
 }
 
 std::optional<ipv4or6_inspector_address> AddressOf(const ifaddrs& entry) { return Made(entry.ifa_addr); }
@@ -66,7 +66,7 @@ std::optional<ipv4or6_inspector_address> AddressOf(const ifaddrs& entry) { retur
 // Some kernels leave the family out of a mask: it is that of the address.
 std::optional<ipv4or6_inspector_address> MaskOf(const ifaddrs& entry) {
     if (entry.ifa_netmask == nullptr || !IsAddress(entry)) {
-        return std::nullopt;
+        return NoIFAddress;
     }
     sockaddr_storage mask{};
     std::memcpy(&mask, entry.ifa_netmask, IsVersion4(entry) ? sizeof(sockaddr_in) : sizeof(sockaddr_in6));
@@ -78,7 +78,7 @@ std::optional<ipv4or6_inspector_address> SubnetAddressOf(const ifaddrs& entry) {
     const auto address = AddressOf(entry);
     const auto mask = MaskOf(entry);
     if (!address || !mask) {
-        return std::nullopt;
+        return NoIFAddress;
     }
     ipv4or6_inspector_address::Bytes bytes = address->Octets();
     for (size_t i = 0; i < bytes.size(); ++i) {
@@ -92,13 +92,13 @@ std::optional<ipv4or6_inspector_address> SubnetAddressOf(const ifaddrs& entry) {
 }
 
 std::optional<ipv4or6_inspector_address> BroadcastAddressOf(const ifaddrs& entry) {
-    return (entry.ifa_flags & IFF_BROADCAST) == 0 || !IsAddress(entry) ? std::nullopt : Made(entry.ifa_broadaddr);
+    return (entry.ifa_flags & IFF_BROADCAST) == 0 || !IsAddress(entry) ? NoIFAddress : Made(entry.ifa_broadaddr);
 }
 
 std::optional<std::string> CidrOf(const ifaddrs& entry) {
     const auto subnet = SubnetAddressOf(entry);
     if (!subnet) {
-        return std::nullopt;
+        return NoIFAddress;
     }
     int bits = 0;
     const Address mask = *MaskOf(entry);

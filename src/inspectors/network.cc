@@ -48,7 +48,7 @@ std::optional<network_interface> InterfaceByNumber(integer n, const network& of)
             return network_interface(of.List(), entry);
         }
     }
-    return std::nullopt;
+    return NoIPAddrInterface;
 }
 
 template <auto Test>
@@ -96,7 +96,7 @@ private:
                 return network_adapter(n.List(), &adapter);
             }
         }
-        return std::nullopt;
+        return NoNamedInterfaces;
     }
 
     size_t next_ = 0;

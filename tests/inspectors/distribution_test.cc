@@ -185,6 +185,8 @@ TEST(Distribution, OfTheCompilersNoteIsInTheThirdParentheses) {
     EXPECT_EQ(Note("Linux (a) (b)"), "||");
     EXPECT_EQ(Note("Linux (a) (gcc (Linux Linux Arch 4.1\t5)"), "Linux Linux Arch 4.1||") << "the first alone goes";
     EXPECT_EQ(Note("Linux (a) (gcc (x4 y\t5z w)"), "Linux x4 y\t5z||") << "the number stands behind a blank";
+    EXPECT_EQ(Note("Linux (a) (gcc ( 4 x)"), "Linux  4||") << "a blank may be the first byte";
+    EXPECT_EQ(Note("Linux (a) (gcc (4 5 x)"), "Linux 4 5||");
     EXPECT_EQ(Note("Linux"), "||");
 }
 
