@@ -223,21 +223,23 @@ grep -qi '^MemShared:\|^Mem:' /proc/meminfo || echo False | expect 'exists share
 
 sleep 300 &
 sleeper=$!
-cp "$(command -v sleep)" "$folder/odd name"
-FOO='a=b' BAR= "$folder/odd name" 301 &
+# A name with a blank that no other process has, though this script may run twice at once.
+odd_name="odd name $$"
+cp "$(command -v sleep)" "$folder/$odd_name"
+FOO='a=b' BAR='' "$folder/$odd_name" 301 &
 odd=$!
 trap 'kill $sleeper $odd 2>/dev/null; rm -rf "$folder"' EXIT
 for _ in 1 2 3 4 5 6 7 8 9 10; do
-    [ "$(readlink "/proc/$odd/exe")" = "$folder/odd name" ] && [ "$(basename "$(readlink /proc/$sleeper/exe)")" != bash ] && break
+    [ "$(readlink "/proc/$odd/exe")" = "$folder/$odd_name" ] && [ "$(basename "$(readlink /proc/$sleeper/exe)")" != bash ] && break
     sleep 0.1
 done
 basename "$(readlink /proc/$sleeper/exe)" | expect "name of process $sleeper"
-echo 'odd name' | expect "name of process $odd"
+echo "$odd_name" | expect "name of process $odd"
 tr '\0' '\n' </proc/$odd/cmdline | expect "command line arguments of process $odd"
 tr '\0' '\n' </proc/$odd/cmdline | sed -n 2p | expect "command line argument 2 of process $odd"
 echo 'a=b' | expect "value of variable \"FOO\" of environment of process $odd"
 tr '\0' '\n' </proc/$odd/environ | sed 's/=.*//' | expect "names of variables of environment of process $odd"
-echo $odd | expect 'pids of processes "odd name"'
+echo $odd | expect "pids of processes \"$odd_name\""
 echo True | expect "exists (pids of processes) whose (it = $odd)"
 printf '%s\n' "${PATH}" | expect 'value of variable "PATH" of environment'
 if has ps; then
