@@ -20,8 +20,8 @@ struct GetIFAddrFailed : DebuggableException {
     GetIFAddrFailed() noexcept : DebuggableException("GetIFAddrFailed") {}
 };
 
-// What is answered for an entry without an address, for a number behind the last interface, and where no adapter is left
-// that a search could find.
+// What is answered for an entry without an address, for a number behind the last interface, and where no adapter is
+// left that a search could find.
 inline constexpr std::nullopt_t NoIFAddress = std::nullopt;
 inline constexpr std::nullopt_t NoIPAddrInterface = std::nullopt;
 inline constexpr std::nullopt_t NoNamedInterfaces = std::nullopt;

@@ -5,7 +5,6 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <pty.h>
-#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -29,8 +28,8 @@ inline Environment ExampleAgent() {
             {"OSLClientActionMastheadPath", BuildFolder() + "/agent/actionsite.aqzm"}};
 }
 
-// A started program.  What it writes is gathered until a text is seen or until it ends; one that says nothing for
-// longer than it is given is ended.
+// A started program.  What it writes is gathered until a text is seen or until it ends; one that says nothing for ten
+// seconds is ended.
 class Program {
 public:
     enum class Input { Pipe, Terminal, Closed };
@@ -136,18 +135,13 @@ public:
             kill(process_, SIGKILL);
         }
         int status = 0;
-        rusage used{};
-        wait4(process_, &status, 0, &used);
-        peakKilobytes = used.ru_maxrss;
+        waitpid(process_, &status, 0);
         process_ = -1;
         return !silent_ && WIFEXITED(status) ? WEXITSTATUS(status) : -1;
     }
 
     std::string output;
     std::string errors;
-    int silenceMilliseconds = 10000;
-    // The most memory that it held at once, known when it has ended; what started it counts up to its own start.
-    long peakKilobytes = 0;
 
 private:
     // Takes what has come.  False at the end of both streams or after a long silence.
@@ -156,7 +150,7 @@ private:
         if (!outputOpen_ && !errorsOpen_) {
             return false;
         }
-        if (poll(streams, 2, silenceMilliseconds) <= 0) {
+        if (poll(streams, 2, 10000) <= 0) {
             silent_ = true;
             return false;
         }

@@ -242,23 +242,6 @@ std::string FailureOfVariables(const std::string& id) {
     return FailureOf([&] { environment(id).Variables(); });
 }
 
-// Also where the text stops at the end of a block of the reading, or just before or behind it.
-TEST(ProcessFiles, NeedNoZeroByteAtTheEnd) {
-    const TemporaryPlace place;
-    for (const size_t length : {4, 127, 128, 129, 256, 1000}) {
-        const std::string last(length - 3, 'x');
-        place.File("cmdline", "a\0b"s + last);
-        place.File("environ", "A\0="s + last);
-        EXPECT_EQ(process("name", IdOf(place)).Arguments(), (Texts{"a", "b" + last})) << length;
-        const environment variables(IdOf(place));
-        ASSERT_EQ(variables.Variables().size(), 2u) << length;
-        EXPECT_EQ(variables.Variables()[0].name, "A");
-        EXPECT_EQ(variables.Variables()[0].value, "");
-        EXPECT_EQ(variables.Variables()[1].name, "");
-        EXPECT_EQ(variables.Variables()[1].value, last);
-    }
-}
-
 TEST(ProcessFiles, ThatAreGoneHaveNoValue) {
     const TemporaryPlace place;
     EXPECT_EQ(FailureOfArguments(IdOf(place)), "NoSuchObject");
@@ -297,6 +280,23 @@ TEST(ProcessFiles, OfSomebodyElseNeedRights) {
                             return FailureOfArguments(IdOf(place)) == "InsufficientPrivileges" &&
                                    FailureOfVariables(IdOf(place)) == "InsufficientPrivileges";
                         }));
+}
+
+// Also where the text stops at the end of a block of the reading, or just before or behind it.
+TEST(ProcessFiles, NeedNoZeroByteAtTheEnd) {
+    const TemporaryPlace place;
+    for (const size_t length : {4, 127, 128, 129, 256, 1000}) {
+        const std::string last(length - 3, 'x');
+        place.File("cmdline", "a\0b"s + last);
+        place.File("environ", "A\0="s + last);
+        EXPECT_EQ(process("name", IdOf(place)).Arguments(), (Texts{"a", "b" + last})) << length;
+        const environment variables(IdOf(place));
+        ASSERT_EQ(variables.Variables().size(), 2u) << length;
+        EXPECT_EQ(variables.Variables()[0].name, "A");
+        EXPECT_EQ(variables.Variables()[0].value, "");
+        EXPECT_EQ(variables.Variables()[1].name, "");
+        EXPECT_EQ(variables.Variables()[1].value, last);
+    }
 }
 
 #ifndef __SANITIZE_ADDRESS__  // which takes more memory than any bound
