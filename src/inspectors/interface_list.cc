@@ -7,7 +7,9 @@
 #include <algorithm>
 #include <bit>
 #include <charconv>
+#include <cstddef>
 #include <cstring>
+#include <utility>
 
 namespace {
 
@@ -17,7 +19,7 @@ constexpr size_t kVersion4At = 12;  // where the four bytes lie in the sixteen
 
 std::optional<ipv4or6_inspector_address> Made(const sockaddr* address) {
     if (address == nullptr) {
-        return std::nullopt;
+        return NoIFAddress;
     }
     if (address->sa_family == AF_INET) {
         sockaddr_in of4;
@@ -37,14 +39,17 @@ std::optional<ipv4or6_inspector_address> Made(const sockaddr* address) {
         }
         return ipv6_inspector_address(bytes, zone);
     }
-    return std::nullopt;
+    return NoIFAddress;
 }
 
 bool HasFamily(const ifaddrs& entry, int family) {
     return entry.ifa_addr != nullptr && entry.ifa_addr->sa_family == family;
 }
 
-bool SameAddress(const ifaddrs& a, const ifaddrs& b) { return AddressOf(a) == AddressOf(b); }
+// The scope of an address of version 6 does not count.
+bool SameAddress(const ifaddrs& a, const ifaddrs& b) {
+    return a.ifa_addr->sa_family == b.ifa_addr->sa_family && AddressOf(a)->Octets() == AddressOf(b)->Octets();
+}
 
 }  // namespace
 
@@ -53,7 +58,7 @@ bool IsVersion6(const ifaddrs& entry) { return HasFamily(entry, AF_INET6); }
 bool IsPacket(const ifaddrs& entry) { return HasFamily(entry, AF_PACKET); }
 
 std::optional<int> FamilyOf(const ifaddrs& entry) {
-    return entry.ifa_addr == nullptr ? std::nullopt : std::optional<int>(entry.ifa_addr->sa_family);
+    return entry.ifa_addr == nullptr ? NoIFAddress : std::optional<int>(entry.ifa_addr->sa_family);
 }
 
 std::optional<ipv4or6_inspector_address> AddressOf(const ifaddrs& entry) { return Made(entry.ifa_addr); }
@@ -61,7 +66,7 @@ std::optional<ipv4or6_inspector_address> AddressOf(const ifaddrs& entry) { retur
 // Some kernels leave the family out of a mask: it is that of the address.
 std::optional<ipv4or6_inspector_address> MaskOf(const ifaddrs& entry) {
     if (entry.ifa_netmask == nullptr || !IsAddress(entry)) {
-        return std::nullopt;
+        return NoIFAddress;
     }
     sockaddr_storage mask{};
     std::memcpy(&mask, entry.ifa_netmask, IsVersion4(entry) ? sizeof(sockaddr_in) : sizeof(sockaddr_in6));
@@ -73,7 +78,7 @@ std::optional<ipv4or6_inspector_address> SubnetAddressOf(const ifaddrs& entry) {
     const auto address = AddressOf(entry);
     const auto mask = MaskOf(entry);
     if (!address || !mask) {
-        return std::nullopt;
+        return NoIFAddress;
     }
     ipv4or6_inspector_address::Bytes bytes = address->Octets();
     for (size_t i = 0; i < bytes.size(); ++i) {
@@ -87,13 +92,13 @@ std::optional<ipv4or6_inspector_address> SubnetAddressOf(const ifaddrs& entry) {
 }
 
 std::optional<ipv4or6_inspector_address> BroadcastAddressOf(const ifaddrs& entry) {
-    return (entry.ifa_flags & IFF_BROADCAST) == 0 || !IsAddress(entry) ? std::nullopt : Made(entry.ifa_broadaddr);
+    return (entry.ifa_flags & IFF_BROADCAST) == 0 || !IsAddress(entry) ? NoIFAddress : Made(entry.ifa_broadaddr);
 }
 
 std::optional<std::string> CidrOf(const ifaddrs& entry) {
     const auto subnet = SubnetAddressOf(entry);
     if (!subnet) {
-        return std::nullopt;
+        return NoIFAddress;
     }
     int bits = 0;
     const Address mask = *MaskOf(entry);
@@ -112,8 +117,11 @@ std::optional<std::string> MacText(const ifaddrs& packet, std::string_view separ
     }
     sockaddr_ll link;
     std::memcpy(&link, packet.ifa_addr, sizeof link);
-    const size_t length = std::min<size_t>(link.sll_halen, sizeof link.sll_addr);
-    if (std::all_of(link.sll_addr, link.sll_addr + length, [](unsigned char byte) { return byte == 0; })) {
+    unsigned char address[kLongestLinkAddress];
+    const size_t length = std::min<size_t>(link.sll_halen, sizeof address);
+    std::memcpy(address, reinterpret_cast<const unsigned char*>(packet.ifa_addr) + offsetof(sockaddr_ll, sll_addr),
+                length);
+    if (std::all_of(address, address + length, [](unsigned char byte) { return byte == 0; })) {
         return std::nullopt;
     }
     std::string text;
@@ -121,8 +129,8 @@ std::optional<std::string> MacText(const ifaddrs& packet, std::string_view separ
         if (i != 0) {
             text += separator;
         }
-        text += kDigits[link.sll_addr[i] >> 4];
-        text += kDigits[link.sll_addr[i] & 15];
+        text += kDigits[address[i] >> 4];
+        text += kDigits[address[i] & 15];
     }
     return text;
 }
@@ -133,8 +141,8 @@ const ifaddrs* InterfaceAdapter::FirstVersion4() const {
     return found == addresses.end() ? nullptr : *found;
 }
 
-InterfaceList::InterfaceList(ifaddrs* head, void (*release)(ifaddrs*)) : head_(head, release) {
-    for (const ifaddrs* entry = head; entry != nullptr; entry = entry->ifa_next) {
+InterfaceList::InterfaceList(Entries entries) : entries_(std::move(entries)) {
+    for (const ifaddrs* entry = Head(); entry != nullptr; entry = entry->ifa_next) {
         Add(*entry);
     }
 }
@@ -144,7 +152,7 @@ std::shared_ptr<const InterfaceList> InterfaceList::OfSystem() {
     if (getifaddrs(&head) != 0) {
         throw GetIFAddrFailed();
     }
-    return std::make_shared<const InterfaceList>(head, freeifaddrs);
+    return std::make_shared<const InterfaceList>(Entries(head, freeifaddrs));
 }
 
 void InterfaceList::Add(const ifaddrs& entry) {

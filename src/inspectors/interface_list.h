@@ -20,6 +20,12 @@ struct GetIFAddrFailed : DebuggableException {
     GetIFAddrFailed() noexcept : DebuggableException("GetIFAddrFailed") {}
 };
 
+// What is answered for an entry without an address, for a number behind the last interface, and where no adapter is
+// left that a search could find.
+inline constexpr std::nullopt_t NoIFAddress = std::nullopt;
+inline constexpr std::nullopt_t NoIPAddrInterface = std::nullopt;
+inline constexpr std::nullopt_t NoNamedInterfaces = std::nullopt;
+
 // What an entry says; absent where it does not.
 bool IsVersion4(const ifaddrs& entry);
 bool IsVersion6(const ifaddrs& entry);
@@ -34,11 +40,14 @@ std::optional<ipv4or6_inspector_address> BroadcastAddressOf(const ifaddrs& entry
 // The subnet address, "/" and the number of bits in the mask.
 std::optional<std::string> CidrOf(const ifaddrs& entry);
 
+// The most bytes that the system gives of a link address.  InfiniBand's goes on behind the field that it begins in.
+inline constexpr size_t kLongestLinkAddress = 24;
+
 // The bytes of a packet entry's address in hexadecimal, with the separator between; none for an entry of another kind
 // and for an address of zeros alone.
 std::optional<std::string> MacText(const ifaddrs& packet, std::string_view separator);
 
-// The entries of one name.  An entry that has the family and the address of an earlier one counts once.
+// The entries of one name.  An entry that has the family and the bytes of an earlier one's address counts once.
 struct InterfaceAdapter {
     std::string name;
     unsigned flags = 0;
@@ -59,13 +68,16 @@ public:
         size_t packets = 0;
     };
 
-    // Takes a list over and gives it to `release` at the end.
-    InterfaceList(ifaddrs* head, void (*release)(ifaddrs*));
+    // The head of a list, and what it is released with.
+    using Entries = std::unique_ptr<ifaddrs, void (*)(ifaddrs*)>;
 
-    // This machine's.  Throws GetIFAddrFailed.
+    // Takes a list over.  Throws std::bad_alloc.
+    explicit InterfaceList(Entries entries);
+
+    // This machine's.  Throws GetIFAddrFailed and std::bad_alloc.
     static std::shared_ptr<const InterfaceList> OfSystem();
 
-    const ifaddrs* Head() const { return head_.get(); }
+    const ifaddrs* Head() const { return entries_.get(); }
     const Counts& Count() const { return counts_; }
     const std::vector<InterfaceAdapter>& Adapters() const { return adapters_; }
 
@@ -79,7 +91,7 @@ private:
     void Add(const ifaddrs& entry);
     InterfaceAdapter& AdapterNamed(const char* name);
 
-    std::unique_ptr<ifaddrs, void (*)(ifaddrs*)> head_;
+    Entries entries_;
     Counts counts_;
     std::vector<InterfaceAdapter> adapters_;
 };

@@ -1,4 +1,5 @@
-// The English names of languages (ISO 639-1) and countries (ISO 3166-1 alpha-2), and of two countries that are no more.
+// The English names of languages (ISO 639-1) and countries (ISO 3166-1 alpha-2), and of those whose codes have been
+// withdrawn while locales still bear them: the language "sh", the countries "AN" and "CS".
 #ifndef INSPECTORS_LOCALE_NAMES_H
 #define INSPECTORS_LOCALE_NAMES_H
 

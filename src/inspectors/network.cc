@@ -48,7 +48,7 @@ std::optional<network_interface> InterfaceByNumber(integer n, const network& of)
             return network_interface(of.List(), entry);
         }
     }
-    return std::nullopt;
+    return NoIPAddrInterface;
 }
 
 template <auto Test>
@@ -96,7 +96,7 @@ private:
                 return network_adapter(n.List(), &adapter);
             }
         }
-        return std::nullopt;
+        return NoNamedInterfaces;
     }
 
     size_t next_ = 0;
@@ -145,8 +145,9 @@ network_adapter AdapterOfInterface(const network_adapter_interface& i) {
     return network_adapter(i.List(), &i.List()->AdapterOf(i.Entry()));
 }
 
-// ---- Of one adapter: its first address of version 4 stands for it
-// ------------------------------------------------------
+// ---- Of one adapter -------------------------------------------------------------------------------------------------
+
+// The adapter's first address of version 4 stands for it.
 
 template <auto Get>
 std::optional<ipv4_inspector_address> AddressOfAdapter(const network_adapter& a) {
@@ -169,8 +170,7 @@ std::optional<inspector_string> AdapterMac(const network_adapter& a) { return Ma
 
 inspector_string AdapterName(const network_adapter& a) { return CopiedString(a.Adapter().name); }
 
-// ---- The words
-// --------------------------------------------------------------------------------------------------------
+// ---- The words ------------------------------------------------------------------------------------------------------
 
 template <class T, auto Test, class Iterator = interface_iterator<T, Test>>
 using Interfaces = IteratedPropertyOfObject<Iterator, T, network, &Iterator::Next, &Iterator::Next, &Iterator::Start>;

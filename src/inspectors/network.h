@@ -17,10 +17,10 @@ private:
     std::shared_ptr<const InterfaceList> list_;
 };
 
-// One entry of the list.
-class interface_entry {
+// One entry of the list, whichever of the two it was asked of.
+class ip_interface_of_adapter_or_network {
 public:
-    interface_entry(std::shared_ptr<const InterfaceList> list, const ifaddrs* entry)
+    ip_interface_of_adapter_or_network(std::shared_ptr<const InterfaceList> list, const ifaddrs* entry)
         : list_(std::move(list)), entry_(entry) {}
     const std::shared_ptr<const InterfaceList>& List() const { return list_; }
     const ifaddrs& Entry() const { return *entry_; }
@@ -30,13 +30,13 @@ private:
     const ifaddrs* entry_;
 };
 
-class network_interface : public interface_entry {
-    using interface_entry::interface_entry;
+class network_interface : public ip_interface_of_adapter_or_network {
+    using ip_interface_of_adapter_or_network::ip_interface_of_adapter_or_network;
 };
 
 // One entry of an adapter.
-class network_adapter_interface : public interface_entry {
-    using interface_entry::interface_entry;
+class network_adapter_interface : public ip_interface_of_adapter_or_network {
+    using ip_interface_of_adapter_or_network::ip_interface_of_adapter_or_network;
 };
 
 class network_adapter {

@@ -1,43 +1,26 @@
-// The operating system: what the kernel says of itself, and which distribution it serves.
-#include <sys/utsname.h>
+#include "inspectors/operating_system.h"
 
 #include <exception>
 #include <optional>
-#include <string>
 
 #include "evaluator/adapters.h"
-#include "inspectors/distribution.h"
 #include "inspectors/utmp_records.h"
 #include "registry/dependency_node.h"
 #include "values/moment.h"
 #include "values/string.h"
 #include "values/version.h"
 
-struct operating_system {
-    std::string name;
-    std::string release;
-    std::string build;
-    std::string version;
-    std::string architecture;
-    std::string machine;
-    std::string codename;
-};
-
-template <>
-struct InspectorTypeInfo<operating_system> : InspectorTypeBasics<operating_system> {
-    static constexpr char Name[] = "operating system";
-    static constexpr unsigned Size = sizeof(operating_system);
-
-    static void Fingerprint(Fingerprinter& fingerprinter, const void* value) {
-        const auto& system = *static_cast<const operating_system*>(value);
-        for (const std::string* text : {&system.name, &system.release, &system.build, &system.version,
-                                        &system.architecture, &system.machine, &system.codename}) {
-            const size_t length = text->size();
-            fingerprinter.AddData(ConstData(&length, sizeof length));
-            fingerprinter.AddData(ConstData(*text));
-        }
-    }
-};
+operating_system DescribeSystem(const struct utsname& kernel, const Distribution& found) {
+    operating_system system;
+    system.name = found.name.empty() ? kernel.sysname : found.name;
+    system.release = kernel.release;
+    system.build = kernel.version;
+    system.version = found.version;
+    system.architecture = kernel.machine;
+    system.machine = kernel.machine;
+    system.codename = found.codename;
+    return system;
+}
 
 namespace {
 
@@ -52,16 +35,7 @@ std::optional<operating_system> OperatingSystem() {
     if (uname(&kernel) != 0) {
         return std::nullopt;
     }
-    const Distribution& found = ThisDistribution();
-    operating_system system;
-    system.name = found.name.empty() ? kernel.sysname : found.name;
-    system.release = kernel.release;
-    system.build = kernel.version;
-    system.version = found.version;
-    system.architecture = kernel.machine;
-    system.machine = kernel.machine;
-    system.codename = found.codename;
-    return system;
+    return DescribeSystem(kernel, ThisDistribution());
 }
 
 // What is fingerprinted is the system as it was first seen.

@@ -5,6 +5,8 @@
 
 #include <map>
 
+#include "tests/foundation/temporary_place.h"
+
 namespace {
 
 using Files = std::map<std::string, std::string>;
@@ -183,12 +185,41 @@ TEST(Distribution, OfTheCompilersNoteIsInTheThirdParentheses) {
     EXPECT_EQ(Note("Linux (a) (b)"), "||");
     EXPECT_EQ(Note("Linux (a) (gcc (Linux Linux Arch 4.1\t5)"), "Linux Linux Arch 4.1||") << "the first alone goes";
     EXPECT_EQ(Note("Linux (a) (gcc (x4 y\t5z w)"), "Linux x4 y\t5z||") << "the number stands behind a blank";
+    EXPECT_EQ(Note("Linux (a) (gcc ( 4 x)"), "Linux  4||") << "a blank may be the first byte";
+    EXPECT_EQ(Note("Linux (a) (gcc (4 5 x)"), "Linux 4 5||");
     EXPECT_EQ(Note("Linux"), "||");
 }
 
 TEST(Distribution, ReadsNoMoreThanItsBytes) {
+    std::map<std::string, size_t> asked;
+    const Files files = {{kKernel, "Linux (Debian) (Ubuntu)"}};
+    ProbeDistribution([&](const char* path, size_t most) -> std::optional<std::string> {
+        asked[path] = most;
+        const auto file = files.find(path);
+        return file == files.end() ? std::nullopt : std::optional(file->second);
+    });
+    EXPECT_EQ(asked, (std::map<std::string, size_t>{{kVMware, 1023},
+                                                    {kOracle, 1023},
+                                                    {kRedHat, 1023},
+                                                    {kSuse, 1023},
+                                                    {kKernel, 1023},
+                                                    {kDebian, 1023},
+                                                    {kUbuntu, 2047}}));
     EXPECT_EQ(Probed({{kRedHat, "CentOS release " + std::string(2000, '7')}}),
               "Linux CentOS " + std::string(1023 - 15, '7') + "|" + std::string(1023 - 15, '7') + "|");
+}
+
+TEST(ReleaseFile, IsReadUpToTheBytesThatAreAskedFor) {
+    const TemporaryPlace place;
+    place.File("release", "0123456789");
+    const std::string path = place.Path("release");
+    EXPECT_EQ(ReadReleaseFile(path.c_str(), 9), "012345678");
+    EXPECT_EQ(ReadReleaseFile(path.c_str(), 10), "0123456789");
+    EXPECT_EQ(ReadReleaseFile(path.c_str(), 11), "0123456789");
+    place.File("empty");
+    EXPECT_EQ(ReadReleaseFile(place.Path("empty").c_str(), 1023), "");
+    EXPECT_EQ(ReadReleaseFile(place.Path("gone").c_str(), 1023), std::nullopt);
+    EXPECT_EQ(ReadReleaseFile(place.Path().c_str(), 1023), "") << "a folder opens and gives nothing";
 }
 
 }  // namespace

@@ -1,12 +1,13 @@
 #include "inspectors/file_content.h"
 
-#include <sys/resource.h>
 #include <unistd.h>
 
 #include <random>
 
 #include "evaluator/inspector_context.h"
 #include "tests/inspectors/file_tree.h"
+#include "tests/inspectors/property_of.h"
+#include "values/integer.h"
 #include "values/string.h"
 
 namespace {
@@ -156,13 +157,39 @@ TEST(FileContentPhrases, AreAskedInBothNumbers) {
 TEST(FileContentPhrases, FilesThatAreMadeAsTheyAreRead) {
     EXPECT_EQ(Ask("content of file \"/proc/cpuinfo\" contains \"processor\""), Values({"True"}));
     EXPECT_EQ(Ask("content of file \"/proc/self/status\" contains \"no such words\""), Values({"False"}));
-    if (access("/sys/kernel/mm/transparent_hugepage/enabled", R_OK) == 0) {
-        EXPECT_EQ(Ask("content of file \"/sys/kernel/mm/transparent_hugepage/enabled\" contains \"no such\""),
-                  Values({"False"}));
-        EXPECT_EQ(Ask("content of file \"/sys/kernel/mm/transparent_hugepage/enabled\" contains \"never\""),
-                  Values({"True"}));
-        EXPECT_EQ(Ask("byte 4000 of file \"/sys/kernel/mm/transparent_hugepage/enabled\""), DoesNotExist());
+}
+
+// Its length is that of a page; what it gives is a number and a line feed.
+TEST(FileContentPhrases, AFileThatClaimsMoreThanItGives) {
+    if (access("/sys/kernel/uevent_seqnum", R_OK) != 0) {
+        GTEST_SKIP() << "this machine has no /sys";
     }
+    const std::string of = " of file \"/sys/kernel/uevent_seqnum\"";
+    ASSERT_EQ(Ask("(size of it > 100)" + of), Values({"True"}));
+    EXPECT_EQ(Ask("(it contains \"%0a\", it contains \"no such\") of content" + of), Values({"True, False"}));
+    EXPECT_EQ(Ask("number of lines" + of), Values({"1"}));
+    EXPECT_EQ(Ask("byte 100" + of), DoesNotExist());
+}
+
+// The length is that of the moment when the file was looked at.
+TEST(FileContentPhrases, BytesOfAFileThatHasBecomeShorter) {
+    const TemporaryPlace place;
+    place.File("f", "0123456789");
+    const std::optional<file> f = At<file>(place.Location("f"));
+    ASSERT_EQ(truncate(place.Path("f").c_str(), 5), 0);
+    EXPECT_EQ(PropertyOf<integer>(*f, "byte", integer(4)), integer('4'));
+    EXPECT_EQ(PropertyOf<integer>(*f, "byte", integer(5)), std::nullopt);
+    EXPECT_EQ(PropertyOf<integer>(*f, "byte", integer(9)), std::nullopt);
+    place.File("f", "0123456789ab");
+    EXPECT_EQ(PropertyOf<integer>(*f, "byte", integer(9)), integer('9'));
+    EXPECT_EQ(PropertyOf<integer>(*f, "byte", integer(10)), std::nullopt) << "it had ten then";
+}
+
+TEST(FileContentPhrases, BytesAreThoseOfRegularFiles) {
+    const FileTree tree;
+    EXPECT_EQ(tree.Ask("byte 0 of file \"@/dir/pipe\""), DoesNotExist());
+    EXPECT_EQ(tree.Ask("byte 0 of file \"/dev/zero\""), DoesNotExist());
+    EXPECT_EQ(tree.Ask("byte 0 of file \"@/dir/a.txt\""), Values({"97"}));
 }
 
 TEST(FileContentPhrases, BytesAreCountedFromZero) {

@@ -6,9 +6,9 @@
 
 #include "foundation/stack_allocator.h"
 #include "inspectors/file.h"
-#include "registry/type_registry.h"
 #include "tests/inspectors/file_tree.h"
 #include "tests/inspectors/naive_lines.h"
+#include "tests/inspectors/property_of.h"
 #include "tests/inspectors/text_reader.h"
 
 namespace {
@@ -177,6 +177,19 @@ TEST(Keys, OfASectionAreReadUpToBehindTheHeaderThatEndsIt) {
     EXPECT_EQ(tree.Ask("section \"one\" of file \"@/ini\"").failure, "OperationNotDefined");
 }
 
+// The header that ends a section is read with it, and nothing behind it is.
+TEST(Keys, OfASectionMayStandInTheHeaderThatEndsIt) {
+    const FileTree tree;
+    tree.place.File("ini", "[s]\na=1\n[t] = 5\nb=2\n[a=7]\nc=3\n");
+    EXPECT_EQ(tree.Ask("key \"[t]\" of section \"s\" of file \"@/ini\""), Values({"5"}));
+    EXPECT_EQ(tree.Ask("key \"b\" of section \"s\" of file \"@/ini\""), DoesNotExist());
+    EXPECT_EQ(tree.Ask("key \"[t]\" of section \"t\" of file \"@/ini\""), DoesNotExist()) << "that is before it";
+    EXPECT_EQ(tree.Ask("key \"a\" of section \"t\" of file \"@/ini\""), DoesNotExist());
+    EXPECT_EQ(tree.Ask("key \"[a\" of section \"t\" of file \"@/ini\""), Values({"7]"}));
+    EXPECT_EQ(tree.Ask("key \"c\" of section \"t\" of file \"@/ini\""), DoesNotExist());
+    EXPECT_EQ(tree.Ask("key \"c\" of section \"a=7\" of file \"@/ini\""), Values({"3"}));
+}
+
 TEST(Keys, LongLinesAndZeroBytes) {
     const FileTree tree;
     tree.place.File("cut", std::string(65535, 'x') + "deep=found\nlong=" + std::string(70000, 'y') + "\n");
@@ -207,24 +220,20 @@ TEST(Keys, OfASectionWhoseFileHasChanged) {
     tree.place.File("ini", "[s]\nk=1\n");
     const std::string question = "(key \"k\" of it, key \"k\" of it) of section \"s\" of file \"@/ini\"";
     EXPECT_EQ(tree.Ask(question), Values({"1, 1"}));
-    const PropertyAssociation* row = nullptr;
-    const TypeRegistry& registry = TypeRegistry::Instance();
-    const GuardType* string = registry.TypeByName("string");
-    row = &registry.Property(registry.TypeByName("file section"), "key", string);
     const file_section section(tree.place.Location("ini"), {4, 0});
-    const inspector_string name(std::string_view("k"));
-    inspector_string result;
     StackAllocator<1024> memory;
     const AllocatorInstaller installed(memory);
-    const auto get = [&] { return row->accessor->firstMiddle(&result, &name, &section, nullptr, nullptr); };
-    EXPECT_TRUE(get());
+    const auto get = [&]() -> std::optional<std::string> {
+        const auto value = PropertyOf<inspector_string>(section, "key", inspector_string("k"));
+        return value ? std::optional<std::string>(value->View()) : std::nullopt;
+    };
+    EXPECT_EQ(get(), "1");
     tree.place.File("ini", "[x]\nk=other\n");
-    EXPECT_TRUE(get());
-    EXPECT_EQ(result.View(), "other");
+    EXPECT_EQ(get(), "other");
     tree.place.File("ini", "[s]");
-    EXPECT_FALSE(get()) << "the start lies behind the end";
+    EXPECT_EQ(get(), std::nullopt) << "the start lies behind the end";
     tree.place.File("ini");
-    EXPECT_FALSE(get());
+    EXPECT_EQ(get(), std::nullopt);
     ASSERT_EQ(unlink(tree.Path("ini").c_str()), 0);
     EXPECT_THROW(get(), FileIOError);
 }

@@ -8,8 +8,7 @@
 
 namespace {
 
-std::vector<NaiveLine> WindowLines(std::string_view text, size_t piece) {
-    TextReader reader(text, piece);
+std::vector<NaiveLine> WindowLines(TextReader reader) {
     std::vector<unsigned char> buffer(kLineWindow);
     LineWindow window(reader, Buffer(buffer.data(), buffer.data() + buffer.size()));
     std::vector<NaiveLine> lines;
@@ -20,6 +19,8 @@ std::vector<NaiveLine> WindowLines(std::string_view text, size_t piece) {
     EXPECT_FALSE(window.Next());
     return lines;
 }
+
+std::vector<NaiveLine> WindowLines(std::string_view text, size_t piece) { return WindowLines(TextReader(text, piece)); }
 
 void ExpectNaive(const std::string& text, const std::string& what) {
     const std::vector<NaiveLine> expected = NaiveLines(text);
@@ -63,10 +64,23 @@ TEST(LineWindow, ALineThatFillsItIsCut) {
     EXPECT_EQ(Texts(x2048 + x2048 + "\r\n"), Lines({x2048, x2048, ""}));
 }
 
+// All texts of one to `most` line feeds and carriage returns.
+std::vector<std::string> MixesOfEnds(size_t most) {
+    std::vector<std::string> mixes;
+    for (size_t length = 1; length <= most; ++length) {
+        for (unsigned bits = 0; bits < 1U << length; ++bits) {
+            std::string mix;
+            for (size_t i = 0; i < length; ++i) {
+                mix += (bits >> i & 1) != 0 ? '\r' : '\n';
+            }
+            mixes.push_back(mix);
+        }
+    }
+    return mixes;
+}
+
 TEST(LineWindow, EveryMixOfEndsAtEveryPlaceAroundTheBorder) {
-    const std::vector<std::string> ends = {"\n",       "\r",     "\r\n",   "\n\r",   "\n\n",   "\r\r",   "\r\n\r\n",
-                                           "\n\r\n\r", "\r\n\n", "\n\r\r", "\r\r\n", "\n\n\r", "\n\r\n", "\r\n\r"};
-    for (const std::string& end : ends) {
+    for (const std::string& end : MixesOfEnds(4)) {
         for (size_t before = 2040; before <= 2056; ++before) {
             const std::string what = std::to_string(before);
             ExpectNaive(std::string(before, 'x') + end, what);
@@ -75,6 +89,22 @@ TEST(LineWindow, EveryMixOfEndsAtEveryPlaceAroundTheBorder) {
             // The border of a window that has moved.
             ExpectNaive("ab\n" + std::string(before - 3, 'x') + end + "tail", what);
             ExpectNaive("ab\r\n" + std::string(before, 'x') + end + "tail", what);
+        }
+    }
+}
+
+// The reading may stop behind any byte.
+TEST(LineWindow, EveryMixOfEndsCutAtEveryByte) {
+    for (const std::string& end : MixesOfEnds(4)) {
+        for (const size_t before : {0, 1, 3, 2043, 2044, 2045, 2046, 2047, 2048, 2049}) {
+            const std::string text = std::string(before, 'x') + end + "ab" + end + "c";
+            const std::vector<NaiveLine> expected = NaiveLines(text);
+            for (size_t cut = before - std::min<size_t>(before, 3); cut <= text.size(); ++cut) {
+                if (cut != 0) {
+                    ASSERT_EQ(WindowLines(TextReader(text, cut, SIZE_MAX)), expected) << before << ", cut at " << cut;
+                    ASSERT_EQ(WindowLines(TextReader(text, cut, 1)), expected) << before << ", cut at " << cut;
+                }
+            }
         }
     }
 }

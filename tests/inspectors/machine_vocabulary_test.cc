@@ -5,6 +5,29 @@
 namespace {
 
 // clang-format off
+constexpr TypeRow kTypes[] = {
+    {"operating system", ""},
+    {"language", ""},
+    {"primary language", ""},
+    {"network", ""},
+    {"network interface", ""},
+    {"network adapter interface", ""},
+    {"network adapter", ""},
+    {"linux ipv4 routing table", ""},
+    {"linux ipv4 route", ""},
+    {"process", ""},
+    {"environment", ""},
+    {"environment variable", ""},
+    {"processor", ""},
+    {"cpupackage", ""},
+    {"ram", ""},
+    {"swap", ""},
+    {"power level", ""},
+    {"runlevel", ""},
+    {"user", ""},
+    {"logged on user", ""},
+};
+
 constexpr PropertyRow kProperties[] = {
     {"operating system", "operating systems", "", "", "operating system"},
     {"hostname", "hostnames", "", "", "string"},
@@ -181,6 +204,12 @@ constexpr const char* kWithoutText[] = {
     "logged on user",
 };
 // clang-format on
+
+TEST(MachineVocabulary, EveryTypeIsThereWithoutAParent) {
+    for (const TypeRow& row : kTypes) {
+        ExpectType(row);
+    }
+}
 
 TEST(MachineVocabulary, EveryPhraseIsThereInBothNumbers) {
     for (const PropertyRow& row : kProperties) {

@@ -1,177 +1,204 @@
-// The network over crafted lists of interfaces, the routing table over crafted files, and both on this machine.
+// The phrases of the network, on crafted machines and on this one.
 #include "inspectors/network.h"
 
-#include <arpa/inet.h>
+#include <dlfcn.h>
 #include <net/if.h>
-#include <netinet/in.h>
-#include <netpacket/packet.h>
 
-#include <cstring>
-#include <deque>
-
-#include "foundation/file_error.h"
-#include "foundation/stack_allocator.h"
-#include "inspectors/routing_table.h"
-#include "tests/foundation/temporary_place.h"
 #include "tests/inspectors/ask.h"
+#include "tests/inspectors/crafted_interfaces.h"
 
 namespace {
 
-// A list of interfaces such as the system gives it.
-class Interfaces {
-public:
-    ifaddrs& Add(const char* name, unsigned flags = IFF_UP) {
-        ifaddrs& entry = entries_.emplace_back();
-        entry.ifa_name = const_cast<char*>(name);
-        entry.ifa_flags = flags;
-        if (entries_.size() > 1) {
-            entries_[entries_.size() - 2].ifa_next = &entry;
-        }
-        return entry;
-    }
-    ifaddrs& Add(const char* name, const char* address, const char* mask, const char* broadcast = nullptr,
-                 unsigned flags = IFF_UP) {
-        ifaddrs& entry = Add(name, flags);
-        entry.ifa_addr = Address(address);
-        entry.ifa_netmask = Address(mask);
-        entry.ifa_broadaddr = broadcast == nullptr ? nullptr : Address(broadcast);
-        return entry;
-    }
-    ifaddrs& AddPacket(const char* name, const std::string& bytes, unsigned flags = IFF_UP) {
-        ifaddrs& entry = Add(name, flags);
-        auto& place = addresses_.emplace_back();
-        auto* link = reinterpret_cast<sockaddr_ll*>(&place);
-        link->sll_family = AF_PACKET;
-        link->sll_halen = static_cast<unsigned char>(bytes.size());
-        std::memcpy(link->sll_addr, bytes.data(), bytes.size());
-        entry.ifa_addr = reinterpret_cast<sockaddr*>(&place);
-        return entry;
-    }
-    InterfaceList List() {
-        return {entries_.empty() ? nullptr : &entries_.front(), [](ifaddrs*) {}};
-    }
+// What the program is told of the machine's interfaces.
+enum class Told { System, Crafted, Failure };
+Told told = Told::System;
+ifaddrs* craftedHead = nullptr;
+int taken = 0;
+int released = 0;
 
-private:
-    sockaddr* Address(const char* text) {
-        auto& place = addresses_.emplace_back();
-        if (inet_pton(AF_INET, text, &reinterpret_cast<sockaddr_in*>(&place)->sin_addr) == 1) {
-            place.ss_family = AF_INET;
-        } else {
-            place.ss_family = AF_INET6;
-            EXPECT_EQ(inet_pton(AF_INET6, text, &reinterpret_cast<sockaddr_in6*>(&place)->sin6_addr), 1);
-        }
-        return reinterpret_cast<sockaddr*>(&place);
+}  // namespace
+
+// Every look of this program at the machine's interfaces comes through here.
+extern "C" int getifaddrs(ifaddrs** head) noexcept {
+    static const auto original = reinterpret_cast<int (*)(ifaddrs**)>(dlsym(RTLD_NEXT, "getifaddrs"));
+    ++taken;
+    if (told == Told::System) {
+        return original(head);
     }
+    *head = craftedHead;
+    return told == Told::Crafted ? 0 : -1;
+}
+extern "C" void freeifaddrs(ifaddrs* head) noexcept {
+    static const auto original = reinterpret_cast<void (*)(ifaddrs*)>(dlsym(RTLD_NEXT, "freeifaddrs"));
+    ++released;
+    if (told == Told::System) {
+        original(head);
+    }
+}
 
-    std::deque<ifaddrs> entries_;
-    std::deque<sockaddr_storage> addresses_;
-};
+namespace {
 
-class InterfaceListTest : public testing::Test {
+// ---- Crafted machines -----------------------------------------------------------------------------------------------
+
+class CraftedNetwork : public testing::Test {
 protected:
-    static std::string Text(const std::optional<ipv4or6_inspector_address>& address) {
-        return address ? std::string(IPAddressText(*address, IPAddressFormat::plain, false).View()) : "none";
+    void Have() {
+        craftedHead = interfaces_.Head();
+        told = Told::Crafted;
+        taken = released = 0;
+    }
+    void HaveAllKinds() {
+        interfaces_.AddPacket("lo", std::string(6, '\0'), IFF_UP | IFF_LOOPBACK);
+        interfaces_.AddPacket("eth0", "\2\xfc\1\2\3\xab", IFF_UP | IFF_BROADCAST | IFF_MULTICAST);
+        interfaces_.AddPacket("eth1", "\2\xfc\1\2\3\xac", IFF_BROADCAST);
+        interfaces_.AddPacket("eth2", "\2\xfc\1\2\3\xad", IFF_UP);
+        interfaces_.Add("tun0", IFF_UP | IFF_POINTOPOINT);
+        interfaces_.Add("lo", "127.0.0.1", "255.0.0.0", "127.255.255.255", IFF_UP | IFF_LOOPBACK);
+        interfaces_.Add("lo", "::1", "ffff:ffff:ffff:ffff:ffff:ffff:ffff:ffff", nullptr, IFF_UP | IFF_LOOPBACK);
+        interfaces_.Add("eth0", "fd00::5", "ffff:ffff:ffff:ffff::", nullptr, IFF_UP | IFF_BROADCAST | IFF_MULTICAST);
+        interfaces_.Add("eth0", "10.1.2.3", "255.255.240.0", "10.1.15.255", IFF_UP | IFF_BROADCAST | IFF_MULTICAST);
+        interfaces_.Add("eth0", "10.9.8.7", "255.0.0.0", "10.255.255.255", IFF_UP | IFF_BROADCAST | IFF_MULTICAST);
+        interfaces_.Add("eth1", "10.7.0.1", "255.255.0.0", "10.7.255.255", IFF_BROADCAST);
+        interfaces_.Add("tun0", "10.8.0.2", "255.255.255.255", "10.8.0.1", IFF_UP | IFF_POINTOPOINT);
+        Have();
+    }
+    ~CraftedNetwork() override {
+        told = Told::System;
+        craftedHead = nullptr;
     }
 
-    StackAllocator<4096> allocator_;
-    AllocatorInstaller installed_{allocator_};
+    Interfaces interfaces_;
 };
 
-TEST_F(InterfaceListTest, CountsItsEntriesByKind) {
-    Interfaces interfaces;
-    interfaces.AddPacket("eth0", "\1\2\3\4\5\6");
-    interfaces.Add("tun0");
-    interfaces.Add("eth0", "10.1.2.3", "255.255.0.0");
-    interfaces.Add("eth0", "10.1.2.4", "255.255.0.0");
-    interfaces.Add("eth0", "fd00::1", "ffff:ffff::");
-    const InterfaceList list = interfaces.List();
-    EXPECT_EQ(list.Count().all, 5U);
-    EXPECT_EQ(list.Count().addresses, 3U);
-    EXPECT_EQ(list.Count().version4, 2U);
-    EXPECT_EQ(list.Count().version6, 1U);
-    EXPECT_EQ(list.Count().packets, 1U);
+TEST_F(CraftedNetwork, AnAdapterIsUpAndHasAnAddress) {
+    HaveAllKinds();
+    EXPECT_EQ(Ask("names of adapters of network"), Values({"lo", "eth0", "tun0"}));
+    EXPECT_EQ(Ask("names of any adapters of network"), Values({"lo", "eth0", "eth1", "eth2", "tun0"}));
+    EXPECT_EQ(Ask("names of find adapters (\"ETH1\"; \"eth\"; \"Eth2\"; \"eth11\"; \"\") of network"),
+              Values({"eth1", "eth2"}))
+        << "one that is down is found, too";
+    EXPECT_EQ(Ask("name of find adapter \"eth3\" of network"), DoesNotExist());
 }
 
-TEST_F(InterfaceListTest, MayBeEmpty) {
-    Interfaces interfaces;
-    const InterfaceList list = interfaces.List();
-    EXPECT_EQ(list.Head(), nullptr);
-    EXPECT_TRUE(list.Adapters().empty());
-}
-
-TEST_F(InterfaceListTest, TellsAddressesMasksAndSubnets) {
-    Interfaces interfaces;
-    const ifaddrs& v4 = interfaces.Add("eth0", "10.1.2.3", "255.255.240.0", "10.1.15.255", IFF_UP | IFF_BROADCAST);
-    const ifaddrs& v6 = interfaces.Add("eth0", "fd00:1:2:3:4:5:6:7", "ffff:ffff:ffff:fff0::", "fd00::ff", IFF_UP);
-    EXPECT_EQ(Text(AddressOf(v4)), "10.1.2.3");
-    EXPECT_EQ(Text(MaskOf(v4)), "255.255.240.0");
-    EXPECT_EQ(Text(SubnetAddressOf(v4)), "10.1.0.0");
-    EXPECT_EQ(Text(BroadcastAddressOf(v4)), "10.1.15.255");
-    EXPECT_EQ(CidrOf(v4), "10.1.0.0/20");
-    EXPECT_EQ(Text(AddressOf(v6)), "fd00:1:2:3:4:5:6:7");
-    EXPECT_EQ(Text(SubnetAddressOf(v6)), "fd00:1:2:0:0:0:0:0");
-    EXPECT_EQ(Text(BroadcastAddressOf(v6)), "none");
-    EXPECT_EQ(CidrOf(v6), "fd00:1:2:0:0:0:0:0/60");
-    EXPECT_EQ(FamilyOf(v4), AF_INET);
-    EXPECT_EQ(FamilyOf(v6), AF_INET6);
-}
-
-TEST_F(InterfaceListTest, HasNoAddressWhereThereIsNone) {
-    Interfaces interfaces;
-    const ifaddrs& bare = interfaces.Add("tun0", IFF_BROADCAST);
-    const ifaddrs& packet = interfaces.AddPacket("eth0", "\1\2\3\4\5\6", IFF_BROADCAST);
-    ifaddrs& unmasked = interfaces.Add("eth1", "10.0.0.1", "255.0.0.0");
-    unmasked.ifa_netmask = nullptr;
-    for (const ifaddrs* entry : {&bare, &packet}) {
-        EXPECT_EQ(AddressOf(*entry), std::nullopt);
-        EXPECT_EQ(MaskOf(*entry), std::nullopt);
-        EXPECT_EQ(SubnetAddressOf(*entry), std::nullopt);
-        EXPECT_EQ(BroadcastAddressOf(*entry), std::nullopt);
-        EXPECT_EQ(CidrOf(*entry), std::nullopt);
+TEST_F(CraftedNetwork, AnAdapterTellsItsFirstAddressOfVersion4) {
+    HaveAllKinds();
+    const std::string eth0 = " of find adapter \"eth0\" of network";
+    EXPECT_EQ(Ask("(address of it; subnet address of it; subnet mask of it; broadcast address of it)" + eth0),
+              Values({"10.1.2.3", "10.1.0.0", "255.255.240.0", "10.1.15.255"}));
+    EXPECT_EQ(Ask("(addresses of it; subnet addresses of it; subnet masks of it; broadcast addresses of it)" + eth0),
+              Values({"10.1.2.3", "10.1.0.0", "255.255.240.0", "10.1.15.255"}));
+    EXPECT_EQ(Ask("(cidr address of it; mac address of it; name of it)" + eth0),
+              Values({"10.1.0.0/20", "02:fc:01:02:03:ab", "eth0"}));
+    EXPECT_EQ(Ask("(cidr addresses of it; mac addresses of it; names of it)" + eth0),
+              Values({"10.1.0.0/20", "02:fc:01:02:03:ab", "eth0"}));
+    EXPECT_EQ(Ask("(it as string) of broadcast addresses of any adapters of network"),
+              Values({"10.1.15.255", "10.7.255.255"}))
+        << "not of one that has no broadcasts";
+    EXPECT_EQ(Ask("mac addresses of any adapters of network"),
+              Values({"02:fc:01:02:03:ab", "02:fc:01:02:03:ac", "02:fc:01:02:03:ad"}));
+    const std::string eth2 = " of find adapter \"eth2\" of network";
+    for (const char* phrase : {"address", "subnet address", "subnet mask", "broadcast address", "cidr address"}) {
+        EXPECT_EQ(Ask(std::string(phrase) + eth2), DoesNotExist()) << phrase;
     }
-    EXPECT_EQ(FamilyOf(bare), std::nullopt);
-    EXPECT_EQ(FamilyOf(packet), AF_PACKET);
-    EXPECT_EQ(CidrOf(unmasked), std::nullopt);
+    EXPECT_EQ(Ask("mac address of find adapter \"lo\" of network"), DoesNotExist());
+    EXPECT_EQ(Ask("mac address of find adapter \"tun0\" of network"), DoesNotExist());
 }
 
-TEST_F(InterfaceListTest, TakesAMasksFamilyFromItsAddress) {
-    Interfaces interfaces;
-    ifaddrs& entry = interfaces.Add("eth0", "10.1.2.3", "255.0.0.0");
-    entry.ifa_netmask->sa_family = AF_UNSPEC;
-    EXPECT_EQ(Text(MaskOf(entry)), "255.0.0.0");
+TEST_F(CraftedNetwork, EachFlagIsABitOfItsOwn) {
+    HaveAllKinds();
+    const auto with = [](const std::string& flag) {
+        return Ask("names of any adapters whose (" + flag + " of it) of network");
+    };
+    EXPECT_EQ(with("up"), Values({"lo", "eth0", "eth2", "tun0"}));
+    EXPECT_EQ(with("loopback"), Values({"lo"}));
+    EXPECT_EQ(with("point to point"), Values({"tun0"}));
+    EXPECT_EQ(with("broadcast support"), Values({"eth0", "eth1"}));
+    EXPECT_EQ(with("multicast support"), Values({"eth0"}));
+    const auto places = [](const std::string& flag) {
+        return Ask("unique values of (names of interfaces whose (" + flag + " of it) of network)");
+    };
+    EXPECT_EQ(places("up"), Values({"eth0", "eth2", "lo", "tun0"}));
+    EXPECT_EQ(places("loopback"), Values({"lo"}));
+    EXPECT_EQ(places("point to point"), Values({"tun0"}));
+    EXPECT_EQ(places("broadcast support"), Values({"eth0", "eth1"}));
+    EXPECT_EQ(places("multicast support"), Values({"eth0"}));
 }
 
-TEST_F(InterfaceListTest, WritesLinkAddressesInHexadecimal) {
-    Interfaces interfaces;
-    EXPECT_EQ(MacText(interfaces.AddPacket("a", std::string("\x02\xfc\0\x0a\0\1", 6)), ":"), "02:fc:00:0a:00:01");
-    EXPECT_EQ(MacText(interfaces.AddPacket("a", std::string("\0\0\0\0\0\1", 6)), "-"), "00-00-00-00-00-01");
-    EXPECT_EQ(MacText(interfaces.AddPacket("a", std::string(6, '\0')), ":"), std::nullopt);
-    EXPECT_EQ(MacText(interfaces.AddPacket("a", ""), ":"), std::nullopt);
-    EXPECT_EQ(MacText(interfaces.Add("a", "10.0.0.1", "255.0.0.0"), ":"), std::nullopt);
-    EXPECT_EQ(MacText(interfaces.Add("a"), ":"), std::nullopt);
+TEST_F(CraftedNetwork, InterfacesAreTheEntriesInTheirOrder) {
+    HaveAllKinds();
+    EXPECT_EQ(Ask("names of interfaces of network"),
+              Values({"lo", "eth0", "eth1", "eth2", "tun0", "lo", "lo", "eth0", "eth0", "eth0", "eth1", "tun0"}));
+    EXPECT_EQ(Ask("families of interfaces of network"),
+              Values({"17", "17", "17", "17", "2", "10", "10", "2", "2", "2", "2"}))
+        << "the entry without an address has none";
+    EXPECT_EQ(Ask("aliases of interfaces of network"), Values({"False", "False", "False", "False", "False", "True",
+                                                               "True", "True", "True", "True", "True", "True"}));
+    EXPECT_EQ(Ask("(name of it & \" \" & family of it as string) of interfaces (1; 6; 7; 12; 13; 0) of network"),
+              Values({"lo 17", "lo 2", "lo 10", "tun0 2"}));
+    EXPECT_EQ(Ask("family of interface 5 of network"), DoesNotExist());
+    EXPECT_EQ(Ask("addresses of interfaces of network"), Values({"127.0.0.1", "0:0:0:0:0:0:0:1", "fd00:0:0:0:0:0:0:5",
+                                                                 "10.1.2.3", "10.9.8.7", "10.7.0.1", "10.8.0.2"}));
+    EXPECT_EQ(Ask("broadcast addresses of interfaces of network"),
+              Values({"10.1.15.255", "10.255.255.255", "10.7.255.255"}));
+    EXPECT_EQ(Ask("cidr addresses of interfaces of network"),
+              Values({"127.0.0.0/8", "0:0:0:0:0:0:0:1/128", "fd00:0:0:0:0:0:0:0/64", "10.1.0.0/20", "10.0.0.0/8",
+                      "10.7.0.0/16", "10.8.0.2/32"}));
+    EXPECT_EQ(Ask("mac addresses of interfaces whose (family of it = 2) of network"),
+              Values({"02:fc:01:02:03:ab", "02:fc:01:02:03:ab", "02:fc:01:02:03:ac"}))
+        << "the adapter's own";
+    for (const char* phrase : {"address", "subnet address", "subnet mask", "broadcast address", "cidr address"}) {
+        EXPECT_EQ(Ask(std::string(phrase) + " of interface 5 of network"), DoesNotExist()) << phrase;
+        EXPECT_EQ(Ask(std::string(phrase) + " of interface 2 of network"), DoesNotExist()) << phrase;
+    }
 }
 
-TEST_F(InterfaceListTest, GroupsEntriesByName) {
-    Interfaces interfaces;
-    const ifaddrs& packet = interfaces.AddPacket("eth0", "\1\2\3\4\5\6");
-    interfaces.AddPacket("lo", std::string(6, '\0'), IFF_UP | IFF_LOOPBACK);
-    const ifaddrs& first = interfaces.Add("eth0", "fd00::1", "ffff::");
-    interfaces.Add("eth1", "10.9.9.9", "255.0.0.0", nullptr, 0);
-    const ifaddrs& second = interfaces.Add("eth0", "10.0.0.1", "255.0.0.0");
-    const ifaddrs& again = interfaces.Add("eth0", "10.0.0.1", "255.0.0.0");
-    const InterfaceList list = interfaces.List();
-    ASSERT_EQ(list.Adapters().size(), 3U);
-    const InterfaceAdapter& eth0 = list.Adapters()[0];
-    EXPECT_EQ(eth0.name, "eth0");
-    EXPECT_EQ(eth0.packet, &packet);
-    EXPECT_EQ(eth0.addresses, (std::vector<const ifaddrs*>{&first, &second}));
-    EXPECT_EQ(eth0.FirstVersion4(), &second);
-    EXPECT_EQ(list.Adapters()[1].FirstVersion4(), nullptr);
-    EXPECT_EQ(list.Adapters()[1].flags, IFF_UP | IFF_LOOPBACK);
-    EXPECT_EQ(&list.AdapterOf(again), &eth0);
-    EXPECT_FALSE(list.IsAlias(packet));
-    EXPECT_TRUE(list.IsAlias(first));
-    EXPECT_TRUE(list.IsAlias(again));
+TEST_F(CraftedNetwork, InterfacesOfAVersionAreTheEntriesOfItsFamily) {
+    HaveAllKinds();
+    const std::vector<std::string> version4 = {"127.0.0.1", "10.1.2.3", "10.9.8.7", "10.7.0.1", "10.8.0.2"};
+    EXPECT_EQ(Ask("addresses of ip interfaces of network"), Values(version4));
+    EXPECT_EQ(Ask("addresses of ip interfaces (1; 2; 3; 4; 5; 6; 0; -1) of network"), Values(version4));
+    EXPECT_EQ(Ask("address of ip interface 2 of network"), Values({"10.1.2.3"}));
+    EXPECT_EQ(Ask("address of ip interface 6 of network"), DoesNotExist());
+    EXPECT_EQ(Ask("cidr strings of ipv4 interfaces of network"),
+              Values({"127.0.0.0/8", "10.1.0.0/20", "10.0.0.0/8", "10.7.0.0/16", "10.8.0.2/32"}));
+    EXPECT_EQ(Ask("cidr addresses of ipv6 interfaces of network"),
+              Values({"0:0:0:0:0:0:0:1/128", "fd00:0:0:0:0:0:0:0/64"}));
+    EXPECT_EQ(Ask("names of adapters of ipv4or6 interfaces of network"),
+              Values({"lo", "lo", "eth0", "eth0", "eth0", "eth1", "tun0"}));
+    const std::string eth0 = " of find adapter \"eth0\" of network";
+    EXPECT_EQ(Ask("cidr strings of ipv4 interfaces" + eth0), Values({"10.1.0.0/20", "10.0.0.0/8"}));
+    EXPECT_EQ(Ask("cidr strings of ipv6 interfaces" + eth0), Values({"fd00:0:0:0:0:0:0:0/64"}));
+    EXPECT_EQ(Ask("cidr strings of ipv4or6 interfaces" + eth0),
+              Values({"fd00:0:0:0:0:0:0:0/64", "10.1.0.0/20", "10.0.0.0/8"}));
+    EXPECT_EQ(Ask("unique values of (mac addresses of ipv4or6 interfaces" + eth0 + ")"), Values({"02:fc:01:02:03:ab"}));
+}
+
+TEST_F(CraftedNetwork, WithoutInterfacesIsNoError) {
+    Have();
+    EXPECT_EQ(Ask("(number of adapters of it, number of any adapters of it, number of interfaces of it, number of ip "
+                  "interfaces of it, number of ipv4or6 interfaces of it) of network"),
+              Values({"0, 0, 0, 0, 0"}));
+    EXPECT_EQ(Ask("names of adapters of network"), Nothing());
+    EXPECT_EQ(Ask("name of adapter of network"), DoesNotExist());
+    EXPECT_EQ(Ask("name of interface 1 of network"), DoesNotExist());
+    EXPECT_EQ(Ask("exists find adapter \"lo\" of network"), Values({"False"}));
+}
+
+TEST_F(CraftedNetwork, ThatTheSystemDoesNotGiveIsAnError) {
+    told = Told::Failure;
+    EXPECT_EQ(Ask("exists network").failure, "GetIFAddrFailed");
+    EXPECT_EQ(Ask("names of adapters of network").failure, "GetIFAddrFailed");
+}
+
+TEST_F(CraftedNetwork, IsTakenOnceForEachEvaluationAndGivenBack) {
+    HaveAllKinds();
+    EXPECT_EQ(Ask("(number of interfaces of it, names of adapters whose (loopback of it) of it) of network"),
+              Values({"12, lo"}));
+    EXPECT_EQ(taken, 1);
+    EXPECT_EQ(released, 1);
+    EXPECT_EQ(Ask("(number of interfaces of network, number of interfaces of network)"), Values({"12, 12"}));
+    EXPECT_EQ(taken, 3);
+    EXPECT_EQ(released, 3);
 }
 
 // ---- This machine ---------------------------------------------------------------------------------------------------
@@ -301,94 +328,6 @@ TEST(Network, GivesTheSameInterfacesInEachWay) {
               Values({"True"}));
     EXPECT_EQ(Ask("unique values of (mac addresses of interfaces of network)"),
               Ask("unique values of (mac addresses of any adapters of network)"));
-}
-
-// ---- Routes ---------------------------------------------------------------------------------------------------------
-
-constexpr const char* kHeading =
-    "Iface\tDestination\tGateway \tFlags\tRefCnt\tUse\tMetric\tMask\t\tMTU\tWindow\tIRTT\n";
-
-TEST(Route, IsElevenFields) {
-    const linux_ipv4_route route = ParseRoute("eth0\t000200C0\t010200C0\t0207\t0\t0\t100\t00FFFFFF\t1400\t5\t7   \n");
-    EXPECT_EQ(route.interface, "eth0");
-    EXPECT_EQ(route.destination, ipv4_inspector_address(192, 0, 2, 0));
-    EXPECT_EQ(route.gateway, ipv4_inspector_address(192, 0, 2, 1));
-    EXPECT_EQ(route.mask, ipv4_inspector_address(255, 255, 255, 0));
-    EXPECT_EQ(route.flags, 0x207U);
-    EXPECT_EQ(route.metric, 100);
-    EXPECT_EQ(route.mtu, 1400);
-    EXPECT_EQ(route.window, 5);
-    EXPECT_EQ(route.irtt, 7);
-}
-
-TEST(Route, WithOddFieldsIsRefused) {
-    for (const char* line :
-         {"", "eth0", "eth0 0 0 0 0 0 0 0 0 0", "eth0 0 0 0 0 0 0 0 0 0 0 0", "eth0 x 0 0 0 0 0 0 0 0 0",
-          "eth0 0 0 0x1 0 0 0 0 0 0 0", "eth0 0 0 0 0 0 1a 0 0 0 0", "eth0 100000000 0 0 0 0 0 0 0 0 0",
-          "eth0 0 0 0 0 0 0 0 0 0 99999999999999999999", "eth0 0 0 0 0 0 0 0g 0 0 0", "eth0 0 0 -1 0 0 0 0 0 0 0"}) {
-        EXPECT_THROW(ParseRoute(line), RoutingTableParseError) << line;
-    }
-    // The reference and use counts are not looked at.
-    EXPECT_NO_THROW(ParseRoute("eth0 0 0 0 x y 0 0 0 0 0"));
-}
-
-TEST(RoutingTable, IsReadBehindItsHeading) {
-    const TemporaryPlace place;
-    place.File("route", std::string(kHeading) + "eth0 0 010200C0 3 0 0 0 0 0 0 0\r\nlo 1 2 4 0 0 0 3 0 0 0");
-    const linux_ipv4_routing_table table = ReadRoutingTable(place.Path("route").c_str());
-    ASSERT_EQ(table.Routes().size(), 2U);
-    EXPECT_EQ(table.Routes()[0].gateway, ipv4_inspector_address(192, 0, 2, 1));
-    EXPECT_EQ(table.Routes()[1].interface, "lo");
-    place.File("route", "anything\n");
-    EXPECT_TRUE(ReadRoutingTable(place.Path("route").c_str()).Routes().empty());
-}
-
-TEST(RoutingTable, WithOneOddLineOrNoneAtAllIsRefused) {
-    const TemporaryPlace place;
-    place.File("route", std::string(kHeading) + "eth0 0 0 3 0 0 0 0 0 0 0\neth0 0 0 3 0 0 0 0 0 0\n");
-    EXPECT_THROW(ReadRoutingTable(place.Path("route").c_str()), RoutingTableParseError);
-    place.File("route", "");
-    EXPECT_THROW(ReadRoutingTable(place.Path("route").c_str()), RoutingTableParseError);
-    EXPECT_THROW(ReadRoutingTable(place.Path("gone").c_str()), FileIOError);
-    EXPECT_STREQ(RoutingTableParseError().what(), "error parsing contents of /proc/net/route");
-}
-
-TEST(RoutingTable, OfThisMachineAnswersEveryPhrase) {
-    const linux_ipv4_routing_table table = ReadRoutingTable("/proc/net/route");
-    EXPECT_EQ(Ask("number of routes of linux ipv4 routing table; number of routes of linux ipv4 routing tables"),
-              Values({std::to_string(table.Routes().size()), std::to_string(table.Routes().size())}));
-    std::vector<std::string> interfaces;
-    for (const linux_ipv4_route& route : table.Routes()) {
-        interfaces.push_back(route.interface);
-    }
-    EXPECT_EQ(Ask("interfaces of routes of linux ipv4 routing table"), Values(interfaces));
-    for (const char* phrases :
-         {"(exists destination of it; exists gateway of it; exists mask of it; exists metric of it; exists mtu of it; "
-          "exists window of it; exists irtt of it; exists interface of it)",
-          "(exists destinations of it; exists gateways of it; exists masks of it; exists metrics of it; exists mtus of "
-          "it; exists windows of it; exists irtts of it; exists interfaces of it)"}) {
-        EXPECT_EQ(Ask("exists (" + std::string(phrases) + " of routes of linux ipv4 routing table) whose (not it)"),
-                  Values({"False"}));
-    }
-    EXPECT_EQ(Ask("exists routes whose (up flag of it and gateway flag of it and (host flag of it or not host flag of "
-                  "it) and (reject flag of it or not reject flag of it)) of linux ipv4 routing table"),
-              Values({std::any_of(table.Routes().begin(), table.Routes().end(),
-                                  [](const linux_ipv4_route& route) { return (route.flags & 3) == 3; })
-                          ? "True"
-                          : "False"}));
-    EXPECT_EQ(Ask("(up flags of it; gateway flags of it; host flags of it; reject flags of it) of routes of linux ipv4 "
-                  "routing table"),
-              Ask("(up flag of it; gateway flag of it; host flag of it; reject flag of it) of routes of linux ipv4 "
-                  "routing table"));
-}
-
-TEST(SocketCapabilities, HaveVersion6WhereItsFileHasALine) {
-    const TemporaryPlace place;
-    EXPECT_FALSE(OSSocketCapabilities::HasVersion6(place.Path("gone").c_str()));
-    place.File("empty");
-    EXPECT_FALSE(OSSocketCapabilities::HasVersion6(place.Path("empty").c_str()));
-    place.File("one", "00000000000000000000000000000001 01 80 10 80       lo\n");
-    EXPECT_TRUE(OSSocketCapabilities::HasVersion6(place.Path("one").c_str()));
 }
 
 }  // namespace

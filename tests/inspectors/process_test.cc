@@ -39,7 +39,12 @@ TEST(ProcessItems, EndAtZeroBytes) {
     EXPECT_EQ(Items<CmdLineArgReader>("a\0bc\0"sv), (Texts{"a", "bc"}));
     EXPECT_EQ(Items<OtherProcessEnvReader>("A=1\0B=2\0"sv), (Texts{"A=1", "B=2"}));
 }
-TEST(ProcessItems, NeedNoZeroByteAtTheEnd) { EXPECT_EQ(Items<CmdLineArgReader>("a\0b"sv), (Texts{"a", "b"})); }
+TEST(ProcessItems, NeedNoZeroByteAtTheEnd) {
+    EXPECT_EQ(Items<CmdLineArgReader>("a\0b"sv), (Texts{"a", "b"}));
+    EXPECT_EQ(Items<CmdLineArgReader>("a"sv), (Texts{"a"}));
+    EXPECT_EQ(Items<OtherProcessEnvReader>("A=1\0B=2"sv), (Texts{"A=1", "B=2"}));
+    EXPECT_EQ(Items<OtherProcessEnvReader>("A"sv), (Texts{"A"}));
+}
 TEST(ProcessItems, ThatAreEmptyAreSteppedOver) {
     EXPECT_EQ(Items<CmdLineArgReader>("\0\0a\0\0\0b\0\0"sv), (Texts{"a", "b"}));
     EXPECT_EQ(Items<CmdLineArgReader>("\0\0\0"sv), Texts{});
@@ -315,6 +320,23 @@ TEST(ProcessFiles, OfSomebodyElseNeedRights) {
                             return FailureOfArguments(IdOf(place)) == "InsufficientPrivileges" &&
                                    FailureOfVariables(IdOf(place)) == "InsufficientPrivileges";
                         }));
+}
+
+// Also where the text stops at the end of a block of the reading, or just before or behind it.
+TEST(ProcessFiles, NeedNoZeroByteAtTheEnd) {
+    const TemporaryPlace place;
+    for (const size_t length : {4, 127, 128, 129, 256, 1000}) {
+        const std::string last(length - 3, 'x');
+        place.File("cmdline", "a\0b"s + last);
+        place.File("environ", "A\0="s + last);
+        EXPECT_EQ(process("name", IdOf(place)).Arguments(), (Texts{"a", "b" + last})) << length;
+        const environment variables(IdOf(place));
+        ASSERT_EQ(variables.Variables().size(), 2u) << length;
+        EXPECT_EQ(variables.Variables()[0].name, "A");
+        EXPECT_EQ(variables.Variables()[0].value, "");
+        EXPECT_EQ(variables.Variables()[1].name, "");
+        EXPECT_EQ(variables.Variables()[1].value, last);
+    }
 }
 
 #ifndef __SANITIZE_ADDRESS__  // which takes more memory than any bound

@@ -127,6 +127,15 @@ echo 'de_AT.UTF-8' | LANG=de_AT.UTF-8 expect 'platform id of system ui language'
 echo 'French' | LANG=fr_FR expect 'primary language of system locale'
 echo 'French (France)' | LANG=fr_FR expect 'system language'
 
+# Where no file of a distribution is there and the kernel names none of the two that have a rule of their own, the note
+# of its compiler leads to the name, up to its first number behind a blank.
+if ! ls /proc/vmware/version /etc/enterprise-release /etc/redhat-release /etc/SuSE-release >/dev/null 2>&1 &&
+    ! grep -q 'Debian\|Ubuntu' /proc/version && grep -q '(.*(.*(' /proc/version; then
+    note=$(cut -d'(' -f4 /proc/version | cut -d')' -f1)
+    sed -E 's/([ \t][0-9][^ \t]*).*/\1/; s/Linux //I; s/^/Linux /' <<<"$note" | expect 'name of operating system'
+    echo 'False, False' | expect '(exists version of it, exists codename of it) of operating system'
+fi
+
 # ---- The content of files ----------------------------------------------------------------------------------------------
 
 text="$folder/text"
