@@ -5,22 +5,12 @@
 // behind it.
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 
 #include "foundation/stack_allocator.h"
+#include "fuzz/expect.h"
 #include "inspectors/debver.h"
-
-namespace {
-
-void Expect(bool holds) {
-    if (!holds) {
-        std::abort();
-    }
-}
-
-}  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const std::string text(reinterpret_cast<const char*>(data), size);

@@ -8,29 +8,22 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
 #include <cstdlib>
 #include <memory>
 #include <string>
 
+#include "fuzz/expect.h"
 #include "inspectors/dmi_info.h"
 #include "inspectors/smbios_catalogue.h"
 
 namespace {
-
-void Require(bool condition, const char* what) {
-    if (!condition) {
-        std::fprintf(stderr, "%s\n", what);
-        std::abort();
-    }
-}
 
 // The path of the file that the bytes are put into, in memory where there is such a place.
 const FileLocation& Path() {
     static const FileLocation path = [] {
         std::string folder = access("/dev/shm", W_OK) == 0 ? "/dev/shm" : "/tmp";
         folder += "/zendry_dmi_info_fuzz_XXXXXX";
-        Require(mkdtemp(folder.data()) != nullptr, "no folder");
+        Expect(mkdtemp(folder.data()) != nullptr, "no folder");
         return FileLocation(folder + "/info.dmi");
     }();
     return path;
@@ -38,7 +31,7 @@ const FileLocation& Path() {
 
 void Put(const uint8_t* data, size_t size) {
     const std::unique_ptr<FILE, int (*)(FILE*)> file(std::fopen(Path().CString(), "wb"), std::fclose);
-    Require(file != nullptr && std::fwrite(data, 1, size, file.get()) == size, "no file");
+    Expect(file != nullptr && std::fwrite(data, 1, size, file.get()) == size, "no file");
 }
 
 void ReadFields(const DmiStructure& structure, const SmbType& type) {
@@ -70,18 +63,18 @@ void ReadAll() {
 
 void CheckCut(ConstData table, DmiParseMode mode) {
     const auto records = SplitDmiTable(table, mode);
-    Require(records.has_value() || mode == DmiParseMode::Strict, "the lenient mode failed");
+    Expect(records.has_value() || mode == DmiParseMode::Strict, "the lenient mode failed");
     if (!records) {
         return;
     }
     size_t end = 0;
     for (const DmiIndexRecord& record : *records) {
-        Require(record.offset == end && record.length >= DmiStructure::kHeaderLength, "a structure is out of place");
+        Expect(record.offset == end && record.length >= DmiStructure::kHeaderLength, "a structure is out of place");
         end += record.length;
-        Require(end <= table.Length(), "a structure goes beyond the table");
-        Require(record.type == table.begin[record.offset], "a structure has another type");
+        Expect(end <= table.Length(), "a structure goes beyond the table");
+        Expect(record.type == table.begin[record.offset], "a structure has another type");
     }
-    Require(mode == DmiParseMode::ByTypes || end == table.Length(), "the strict mode left a rest");
+    Expect(mode == DmiParseMode::ByTypes || end == table.Length(), "the strict mode left a rest");
 }
 
 }  // namespace
@@ -95,15 +88,15 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     CheckCut(table, DmiParseMode::ByTypes);
     WriteDmiInfo(Path(), {0x24, {table.begin, table.end}});
     const std::optional<DmiInfoFile> file = DmiInfoFile::Read(Path());
-    Require(file.has_value(), "what was written is refused");
+    Expect(file.has_value(), "what was written is refused");
     const auto records = SplitDmiTable(table, static_cast<DmiParseMode>(file->Header().mode));
-    Require(records && records->size() == file->Index().size(), "structures were lost");
+    Expect(records && records->size() == file->Index().size(), "structures were lost");
     for (const DmiIndexRecord& record : *records) {
         const DmiIndexRecord& written =
             file->Index()[records->size() - 1 - static_cast<size_t>(&record - &records->front())];
-        Require(written.type == record.type && written.instance == record.instance && written.length == record.length &&
-                    written.offset == record.offset + DmiHeader::kLength,
-                "a structure was changed");
+        Expect(written.type == record.type && written.instance == record.instance && written.length == record.length &&
+                   written.offset == record.offset + DmiHeader::kLength,
+               "a structure was changed");
     }
     ReadAll();
     return 0;

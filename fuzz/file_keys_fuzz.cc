@@ -6,38 +6,17 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
 #include <optional>
 #include <string>
 #include <string_view>
 
+#include "fuzz/expect.h"
 #include "inspectors/file_keys.h"
 #include "inspectors/line_window.h"
+#include "tests/inspectors/text_reader.h"
 
 namespace {
-
-void Require(bool holds) {
-    if (!holds) {
-        std::abort();
-    }
-}
-
-class TextReader final : public DataReader {
-public:
-    TextReader(std::string_view text, size_t piece) : rest_(text), piece_(piece) {}
-    bool AtEnd() override { return rest_.empty(); }
-    void Fill(Buffer& out) override {
-        const size_t count = std::min({rest_.size(), piece_, out.Room()});
-        std::memcpy(out.write, rest_.data(), count);
-        out.write += count;
-        rest_.remove_prefix(count);
-    }
-
-private:
-    std::string_view rest_;
-    size_t piece_;
-};
 
 bool IsEnd(char c) { return c == '\n' || c == '\r'; }
 
@@ -47,10 +26,10 @@ void CheckWindow(std::string_view text, size_t piece) {
     LineWindow window(reader, Buffer(buffer, buffer + sizeof buffer));
     size_t at = 0;
     while (window.Next()) {
-        Require(window.StartOffset() == at);
+        Expect(window.StartOffset() == at);
         const std::string_view rest = text.substr(at);
         const size_t length = std::min({rest.find_first_of("\r\n"), rest.size(), kLineWindow});
-        Require(window.Text() == rest.substr(0, length));
+        Expect(window.Text() == rest.substr(0, length));
         size_t next = length;
         if (length < rest.size() && length < kLineWindow) {
             ++next;
@@ -59,9 +38,9 @@ void CheckWindow(std::string_view text, size_t piece) {
             }
         }
         at += next;
-        Require(window.NextOffset() == at && next != 0);
+        Expect(window.NextOffset() == at && next != 0);
     }
-    Require(at == text.size());
+    Expect(at == text.size());
 }
 
 void CheckKeys(std::string_view text, size_t piece, std::string_view name) {
@@ -71,32 +50,32 @@ void CheckKeys(std::string_view text, size_t piece, std::string_view name) {
     size_t at = 0;
     while (lines.Next()) {
         const std::string_view line = lines.Text();
-        Require(text.substr(at, line.size()) == line && line.find_first_of("\r\n") == std::string_view::npos);
+        Expect(text.substr(at, line.size()) == line && line.find_first_of("\r\n") == std::string_view::npos);
         at += line.size();
         const size_t end = lines.Offset() - at;
-        Require(end <= 2 && (end != 2 || text.substr(at, 2) == "\r\n") && (end != 1 || IsEnd(text[at])));
+        Expect(end <= 2 && (end != 2 || text.substr(at, 2) == "\r\n") && (end != 1 || IsEnd(text[at])));
         at += end;
         const std::optional<std::string_view> value = ValueOfKey(line, name);
         if (value) {
-            Require(value->empty() ||
-                    (line.find(*value) != std::string_view::npos && value->find(';') == std::string_view::npos));
+            Expect(value->empty() ||
+                   (line.find(*value) != std::string_view::npos && value->find(';') == std::string_view::npos));
             if (!expected) {
                 expected.emplace(*value);
             }
         }
     }
-    Require(at == text.size());
+    Expect(at == text.size());
 
     TextReader again(text, piece);
     RawLineReader sought(again);
     const std::optional<std::string_view> found = FindKey(sought, name);
-    Require(found.has_value() == expected.has_value() && (!found || *found == *expected));
+    Expect(found.has_value() == expected.has_value() && (!found || *found == *expected));
 
     TextReader third(text, piece);
     RawLineReader headers(third);
     if (const std::optional<SectionRange> range = FindSection(headers, name)) {
-        Require(range->start <= text.size() && range->end <= text.size());
-        Require(range->end == 0 || range->end > range->start);
+        Expect(range->start <= text.size() && range->end <= text.size());
+        Expect(range->end == 0 || range->end > range->start);
         TextReader inside(text.substr(range->start), piece);
         RawLineReader section(inside, range->start);
         FindKeyBefore(section, name, range->end);

@@ -6,11 +6,11 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
 #include <limits>
 #include <string_view>
 
+#include "fuzz/expect.h"
 #include "values/floating_point.h"
 #include "values/floating_point_text.h"
 
@@ -18,27 +18,21 @@ namespace {
 
 constexpr long double kInfinity = std::numeric_limits<long double>::infinity();
 
-void Require(bool condition) {
-    if (!condition) {
-        std::abort();
-    }
-}
-
 bool Same(long double a, long double b) { return a == b || (std::isnan(a) && std::isnan(b)); }
 
 // Standard notation ends at the 63rd place behind the point, where the number may have gone on.
 void CheckReadAgain(const floating_point& x, std::string_view text) {
     const auto again = ParseFloatingPoint(text);
-    Require(again.has_value());
+    Expect(again.has_value());
     const long double value = x.Value();
     if (!std::isfinite(value)) {
-        Require(Same(again->Value(), value));
+        Expect(Same(again->Value(), value));
     } else if (std::isfinite(x.Threshold())) {
         const long double magnitude = std::fabs(value);
         const long double ulp = std::fmax(magnitude - std::nextafter(magnitude, -1.0L), floating_point::kLeastNormal);
         const long double allowed = 0.6L * std::fmax(x.Threshold(), ulp) + magnitude * 1e-15L;
         const long double cut = text.find('e') == text.npos && magnitude < 1e-40L ? 1e-63L : 0;
-        Require(!std::isfinite(allowed) || std::fabs(again->Value() - value) <= allowed + cut);
+        Expect(!std::isfinite(allowed) || std::fabs(again->Value() - value) <= allowed + cut);
     }
 }
 
@@ -46,11 +40,11 @@ void CheckWritten(const floating_point& x) {
     for (auto* form : {StandardNotation, ScientificNotation, TextOf}) {
         try {
             const FloatingPointText text = form(x);
-            Require(!text.View().empty());
-            Require(form(x).View() == text.View());
+            Expect(!text.View().empty());
+            Expect(form(x).View() == text.View());
             CheckReadAgain(x, text.View());
         } catch (const TooLargeForStandardNotation&) {
-            Require(form != ScientificNotation && std::fabs(x.Value()) > 0.999L * PowerOfTen(64));
+            Expect(form != ScientificNotation && std::fabs(x.Value()) > 0.999L * PowerOfTen(64));
         }
     }
 }
@@ -58,30 +52,30 @@ void CheckWritten(const floating_point& x) {
 void CheckRead(const floating_point& x) {
     constexpr unsigned kTooLarge = floating_point::kOverflow | floating_point::kInexact;
     constexpr unsigned kTooSmall = floating_point::kUnderflow | floating_point::kInexact;
-    Require(x.Threshold() >= floating_point::kLeastNormal);
-    Require(x.Flags() == 0 || (x.Flags() == kTooLarge && std::isinf(x.Value())) ||
-            (x.Flags() == kTooSmall && std::fabs(x.Value()) < floating_point::kLeastNormal));
+    Expect(x.Threshold() >= floating_point::kLeastNormal);
+    Expect(x.Flags() == 0 || (x.Flags() == kTooLarge && std::isinf(x.Value())) ||
+           (x.Flags() == kTooSmall && std::fabs(x.Value()) < floating_point::kLeastNormal));
 }
 
 void CheckInteger(const floating_point& x) {
     const auto down = IntegerFloor(x);
     const auto up = IntegerCeiling(x);
     const auto nearest = asRoundedInteger(x);
-    Require(!down || (*down <= x && x < floating_point(*down) + integer(1)));
-    Require(!up || x <= *up);
-    Require(!down || !up || (nearest && *down <= *nearest && *nearest <= *up));
+    Expect(!down || (*down <= x && x < floating_point(*down) + integer(1)));
+    Expect(!up || x <= *up);
+    Expect(!down || !up || (nearest && *down <= *nearest && *nearest <= *up));
 }
 
 void CheckArithmetic(const floating_point& a, const floating_point& b) {
     for (const floating_point& result :
          {-a, a + b, a - b, a * b, a / b, a + integer(3), integer(3) - a, a * integer(-7), integer(7) * a,
           a / integer(-7), integer(7) / a, a / integer(0)}) {
-        Require((result.Flags() & a.Flags()) == a.Flags() && (result.Flags() & ~61u) == 0);
+        Expect((result.Flags() & a.Flags()) == a.Flags() && (result.Flags() & ~61u) == 0);
         CheckWritten(result);
         CheckInteger(result);
     }
-    Require(Same((a + b).Value(), (b + a).Value()) && Same((a * b).Value(), (b * a).Value()));
-    Require(!(a < b) || (a <= b && !(b < a) && !(a == b)));
+    Expect(Same((a + b).Value(), (b + a).Value()) && Same((a * b).Value(), (b * a).Value()));
+    Expect(!(a < b) || (a <= b && !(b < a) && !(a == b)));
 }
 
 // Any number of the format, from 11 bytes.

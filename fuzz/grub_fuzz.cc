@@ -3,21 +3,15 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
 
+#include "fuzz/expect.h"
 #include "inspectors/grub_config.h"
 
 namespace {
-
-void Require(bool holds) {
-    if (!holds) {
-        std::abort();
-    }
-}
 
 std::optional<GrubConfig> Parsed(std::string_view text) {
     GrubConfigParser parser;
@@ -38,9 +32,9 @@ public:
     }
     void Place(std::string_view word, const std::optional<GrubFileLocation>& place) {
         if (place) {
-            Require(place->path.has_value() != place->blockList.has_value());
+            Expect(place->path.has_value() != place->blockList.has_value());
             const std::string device = place->device ? place->device->text : "";
-            Require(place->text == device + (place->path ? *place->path : place->blockList->text));
+            Expect(place->text == device + (place->path ? *place->path : place->blockList->text));
             Line(word, place->text);
         }
     }
@@ -96,7 +90,7 @@ public:
         }
         if (config.colorScheme) {
             const GrubColorPair& normal = config.colorScheme->normal;
-            Require(normal.text == normal.foreground.text + "/" + normal.background.text);
+            Expect(normal.text == normal.foreground.text + "/" + normal.background.text);
             Line("color",
                  normal.text + (config.colorScheme->highlight ? " " + config.colorScheme->highlight->text : ""));
         }
@@ -117,7 +111,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     if (config) {
         const std::string written = Writer().Config(*config);
         const std::optional<GrubConfig> again = Parsed(written);
-        Require(again.has_value() && Writer().Config(*again) == written);
+        Expect(again.has_value() && Writer().Config(*again) == written);
     }
     return 0;
 }

@@ -4,35 +4,29 @@
 // more than what came in; and the outcome must be the same when the same message comes in two runs.
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 
 #include "foundation/line_maker.h"
 #include "foundation/multipart_splitter.h"
+#include "fuzz/expect.h"
 
 namespace {
-
-void Require(bool condition) {
-    if (!condition) {
-        std::abort();
-    }
-}
 
 // Writes down all that it is told, and checks the order of it.
 class Record final : public MessageReceiver, private DataReceiver, private LineReceiver {
 public:
     void StartMessage(uint64_t position) override {
-        Require(!inValue_ && !inBody_);
+        Expect(!inValue_ && !inBody_);
         ++open_;
         text += "[" + std::to_string(position) + " ";
     }
     DataReceiver& StartHeader(ConstData name) override {
-        Require(!inValue_ && !inBody_ && name.Length() <= HeaderMaker::kLongestName);
+        Expect(!inValue_ && !inBody_ && name.Length() <= HeaderMaker::kLongestName);
         text.append(name.View()).append("=");
         return *this;
     }
     Body EndHeaders(const ContentTypeReceiver& type) override {
-        Require(!inValue_ && !inBody_);
+        Expect(!inValue_ && !inBody_);
         text += "type" + std::to_string(type.ContentType()) + " ";
         return MessageReceiver::EndHeaders(type);
     }
@@ -42,11 +36,11 @@ public:
         return *this;
     }
     void EndMessage(uint64_t position) override {
-        Require(!inValue_ && !inBody_ && open_ != 0);
+        Expect(!inValue_ && !inBody_ && open_ != 0);
         --open_;
         text += std::to_string(position) + "]";
     }
-    void RequireEnded() const { Require(!inValue_ && !inBody_ && open_ == 0); }
+    void RequireEnded() const { Expect(!inValue_ && !inBody_ && open_ == 0); }
 
     std::string text;
     size_t bytes = 0;
@@ -55,23 +49,23 @@ private:
     void Start() override { inValue_ = true; }
     void Data(const unsigned char* begin, const unsigned char* end) override { Add(inValue_, begin, end); }
     void Finish() override {
-        Require(inValue_);
+        Expect(inValue_);
         inValue_ = false;
         text += '}';
     }
     void Start(uint64_t) override { inBody_ = true; }
     void Text(const unsigned char* begin, const unsigned char* end) override { Add(inBody_, begin, end); }
     void EndOfLine(uint64_t start, uint64_t end) override {
-        Require(inBody_ && start < end && end - start <= 2);
+        Expect(inBody_ && start < end && end - start <= 2);
         text += '\n';
     }
     void Finish(uint64_t) override {
-        Require(inBody_);
+        Expect(inBody_);
         inBody_ = false;
         text += ')';
     }
     void Add(bool allowed, const unsigned char* begin, const unsigned char* end) {
-        Require(allowed);
+        Expect(allowed);
         text.append(begin, end);
         bytes += static_cast<size_t>(end - begin);
     }
@@ -90,7 +84,7 @@ std::string Read(ConstData message, size_t cut) {
     lines.Data(message.begin + cut, message.end);
     lines.Finish();
     record.RequireEnded();
-    Require(record.bytes <= message.Length());
+    Expect(record.bytes <= message.Length());
     return record.text;
 }
 
@@ -103,6 +97,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     }
     const ConstData message(data + 2, data + size);
     const size_t cut = (data[0] * size_t{256} + data[1]) % (message.Length() + 1);
-    Require(Read(message, cut) == Read(message, 0));
+    Expect(Read(message, cut) == Read(message, 0));
     return 0;
 }

@@ -7,22 +7,16 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 
 #include "foundation/stack_allocator.h"
+#include "fuzz/expect.h"
 #include "values/ip_address.h"
 
 namespace {
 
 using Address = ipv4or6_inspector_address;
-
-void Expect(bool holds) {
-    if (!holds) {
-        std::abort();
-    }
-}
 
 void ExpectReadsBack(const Address& address, std::string_view zone) {
     StackAllocator<4096> memory;

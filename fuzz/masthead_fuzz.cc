@@ -4,20 +4,14 @@
 // same; and so it is when the same masthead comes in two runs.
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 
 #include "client/masthead_maker.h"
 #include "foundation/line_maker.h"
 #include "foundation/multipart_splitter.h"
+#include "fuzz/expect.h"
 
 namespace {
-
-void Require(bool condition) {
-    if (!condition) {
-        std::abort();
-    }
-}
 
 struct Outcome {
     std::string refused;  // by whom; empty for a masthead
@@ -35,7 +29,7 @@ void Read(MastheadMaker& maker, ConstData message, size_t cut, std::string& refu
         lines.Finish();
     } catch (const DebuggableException& failure) {
         refused = failure.what();
-        Require(refused == "NotAMasthead");
+        Expect(refused == "NotAMasthead");
     }
 }
 
@@ -46,7 +40,7 @@ Outcome ReadWhole(ConstData message, size_t cut) {
     MastheadMaker maker(headers);
     Read(maker, message, cut, outcome.refused);
     const auto add = [&](ConstData text) {
-        Require(text.Length() <= 256);
+        Expect(text.Length() <= 256);
         outcome.fields.append(text.View()).append("\n");
     };
     for (const Masthead::Text* text : {&masthead.date,
@@ -74,8 +68,8 @@ Outcome ReadWhole(ConstData message, size_t cut) {
     for (size_t i = 0; i != masthead.actionLockOmitSites.Size(); ++i) {
         add(masthead.actionLockOmitSites[i].Text());
     }
-    Require(masthead.relevance.size() <= message.Length());
-    Require(masthead.updateFrequency >= 900'000'000 && masthead.updateFrequency <= 5'184'000'000'000);
+    Expect(masthead.relevance.size() <= message.Length());
+    Expect(masthead.updateFrequency >= 900'000'000 && masthead.updateFrequency <= 5'184'000'000'000);
     outcome.fields += masthead.relevance + "\n" + std::to_string(masthead.updateFrequency) + "\n" +
                       std::to_string(masthead.uniqueSiteId) + "\n" + std::to_string(masthead.mastheadVersionList[0]);
     outcome.required = masthead.requireFipsCryptography;
@@ -103,8 +97,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const size_t cut = (data[0] * size_t{256} + data[1]) % (message.Length() + 1);
     const Outcome whole = ReadWhole(message, 0);
     const Outcome halves = ReadWhole(message, cut);
-    Require(whole.refused == halves.refused && whole.fields == halves.fields && whole.required == halves.required);
+    Expect(whole.refused == halves.refused && whole.fields == halves.fields && whole.required == halves.required);
     const Outcome one = ReadRequirement(message);
-    Require(one.refused == whole.refused && one.required == whole.required);
+    Expect(one.refused == whole.refused && one.required == whole.required);
     return 0;
 }

@@ -4,9 +4,9 @@
 // semantics must balance; and the outcome must be the same when the same text comes in two runs.
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 
+#include "fuzz/expect.h"
 #include "language/guard_lexer.h"
 #include "language/guard_parser.h"
 #include "tests/language/counting_semantics.h"
@@ -25,12 +25,8 @@ std::string Outcome(GuardLexer& lexer, const GuardParser& parser, const Counting
     } catch (const DebuggableException& exception) {
         failure = exception.what();
     }
-    if (semantics.underflow) {
-        std::abort();
-    }
-    if (failure.empty() && !(parser.Finished() && semantics.Balanced())) {
-        std::abort();
-    }
+    Expect(!semantics.underflow);
+    Expect(!failure.empty() || (parser.Finished() && semantics.Balanced()));
     return failure + " " + std::to_string(semantics.expressions) + " " + std::to_string(semantics.names) + " " +
            std::to_string(semantics.operators) + " " + std::to_string(semantics.items) + " " +
            std::to_string(semantics.accepted);
@@ -49,8 +45,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     GuardParser parser(semantics);
     GuardLexer lexer(parser, parser);
     const std::string whole = Outcome(lexer, parser, semantics, text, 0);
-    if (Outcome(lexer, parser, semantics, text, cut) != whole) {
-        std::abort();
-    }
+    Expect(Outcome(lexer, parser, semantics, text, cut) == whole);
     return 0;
 }

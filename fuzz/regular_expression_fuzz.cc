@@ -5,9 +5,9 @@
 // are left out.  Whatever is found must lie in the subject, and no search may find what a later start would not.
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <vector>
 
+#include "fuzz/expect.h"
 #include "values/pattern_cost.h"
 #include "values/regular_expression.h"
 
@@ -16,12 +16,6 @@ namespace {
 constexpr size_t kLongestPattern = 32;
 constexpr size_t kLongestSubject = 256;
 constexpr size_t kMostNodes = 2000;
-
-void Require(bool holds) {
-    if (!holds) {
-        std::abort();
-    }
-}
 
 bool HasBackReference(std::string_view pattern) {
     for (size_t i = 0; i + 1 < pattern.size(); ++i) {
@@ -36,14 +30,14 @@ void SearchEverywhere(const CompiledExpression& expression, const inspector_stri
     std::vector<regmatch_t> parts(expression.PartCount());
     for (size_t from = 0; from <= subject.length; ++from) {
         const bool found = expression.Search(subject, from, parts.data(), parts.size());
-        Require(found == expression.Search(subject, from, nullptr, 0));
+        Expect(found == expression.Search(subject, from, nullptr, 0));
         if (!found) {
             break;
         }
         const regular_expression_match match(parts.data(), parts.size(), subject);
-        Require(match.Offset() >= from && match.EndOffset() <= subject.length);
+        Expect(match.Offset() >= from && match.EndOffset() <= subject.length);
         for (size_t part = 1; part < match.PartCount(); ++part) {
-            Require(match.Part(part).EndOffset() <= subject.length);
+            Expect(match.Part(part).EndOffset() <= subject.length);
         }
         from = match.Offset();
     }

@@ -8,7 +8,6 @@
 #include <cctype>
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
@@ -17,22 +16,16 @@
 #include "client/osl_subsection_settings.h"
 #include "client/unix_setting_store.h"
 #include "client/zendry_options_manager.h"
+#include "fuzz/expect.h"
 
 namespace {
-
-void Require(bool condition, const char* what) {
-    if (!condition) {
-        std::fprintf(stderr, "%s\n", what);
-        std::abort();
-    }
-}
 
 // The path of the file that the bytes are put into, in memory where there is such a place.
 const std::string& Path() {
     static const std::string path = [] {
         std::string folder = access("/dev/shm", W_OK) == 0 ? "/dev/shm" : "/tmp";
         folder += "/zendry_settings_fuzz_XXXXXX";
-        Require(mkdtemp(folder.data()) != nullptr, "no folder");
+        Expect(mkdtemp(folder.data()) != nullptr, "no folder");
         return folder + "/client.ini";
     }();
     return path;
@@ -40,7 +33,7 @@ const std::string& Path() {
 
 void Put(const uint8_t* data, size_t size) {
     const std::unique_ptr<FILE, int (*)(FILE*)> file(std::fopen(Path().c_str(), "wb"), std::fclose);
-    Require(file != nullptr && std::fwrite(data, 1, size, file.get()) == size, "no file");
+    Expect(file != nullptr && std::fwrite(data, 1, size, file.get()) == size, "no file");
 }
 
 // A line that begins with "[]" makes a section of the beginning of the last one's name; one with a blank at its end has
@@ -55,7 +48,7 @@ bool HasOddSection(const IniFile& file) {
 void ReadAll(ZendryOptionsManager& manager) {
     size_t cursor = 0;
     for (const char* section = nullptr; manager.NextSection(cursor, section);) {
-        Require(manager.SectionExists(section), "a section is not there");
+        Expect(manager.SectionExists(section), "a section is not there");
         const char* text = nullptr;
         moment time;
         int64_t number = 0;
@@ -80,7 +73,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
 
     const std::unique_ptr<IniFile> before = IniFile::Load(Path().c_str());
     if (before == nullptr) {
-        Require(!manager.WriteString("s", "k", "v"), "a write without a file");
+        Expect(!manager.WriteString("s", "k", "v"), "a write without a file");
         return 0;
     }
     // A value of the fuzzer's own, too: the last bytes.
@@ -91,13 +84,13 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     if (!plain && HasOddSection(*before)) {
         return 0;
     }
-    Require(plain, "a plain write failed");
+    Expect(plain, "a plain write failed");
     const std::unique_ptr<IniFile> after = IniFile::Load(Path().c_str());
-    Require(after != nullptr, "what was written is refused");
-    Require(before->Set("fuzz section", "k2", "v"), "a plain value is refused");
+    Expect(after != nullptr, "what was written is refused");
+    Expect(before->Set("fuzz section", "k2", "v"), "a plain value is refused");
     if (written) {
-        Require(before->Set("fuzz section", "k", value), "a written value is refused");
+        Expect(before->Set("fuzz section", "k", value), "a written value is refused");
     }
-    Require(after->HasTheValuesOf(*before), "a write lost a value");
+    Expect(after->HasTheValuesOf(*before), "a write lost a value");
     return 0;
 }

@@ -7,7 +7,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
 #include <cstdlib>
 #include <memory>
 #include <string>
@@ -17,15 +16,9 @@
 #include "client/site_scan.h"
 #include "foundation/file_location.h"
 #include "foundation/line_maker.h"
+#include "fuzz/expect.h"
 
 namespace {
-
-void Require(bool condition, const char* what) {
-    if (!condition) {
-        std::fprintf(stderr, "%s\n", what);
-        std::abort();
-    }
-}
 
 SiteMap Read(ConstData text, size_t cut) {
     SiteMap site;
@@ -42,12 +35,12 @@ SiteMap Read(ConstData text, size_t cut) {
 void TestSiteData(ConstData text) {
     const SiteMap whole = Read(text, 0);
     const SiteMap halves = Read(text, text.Length() / 2);
-    Require(whole.version == halves.version && whole.versionList == halves.versionList && whole.tag == halves.tag &&
-                whole.type == halves.type && whole.lastGatherTime == halves.lastGatherTime &&
-                whole.subscribeTime == halves.subscribeTime &&
-                whole.gatherScheduleAuthority == halves.gatherScheduleAuthority &&
-                whole.gatherScheduleInterval == halves.gatherScheduleInterval && whole.evaluated == halves.evaluated,
-            "two runs say another thing than one");
+    Expect(whole.version == halves.version && whole.versionList == halves.versionList && whole.tag == halves.tag &&
+               whole.type == halves.type && whole.lastGatherTime == halves.lastGatherTime &&
+               whole.subscribeTime == halves.subscribeTime &&
+               whole.gatherScheduleAuthority == halves.gatherScheduleAuthority &&
+               whole.gatherScheduleInterval == halves.gatherScheduleInterval && whole.evaluated == halves.evaluated,
+           "two runs say another thing than one");
 }
 
 // A data folder with one site, in memory where there is such a place.
@@ -55,7 +48,7 @@ const std::string& DataFolder() {
     static const std::string path = [] {
         std::string folder = access("/dev/shm", W_OK) == 0 ? "/dev/shm" : "/tmp";
         folder += "/zendry_site_data_fuzz_XXXXXX";
-        Require(mkdtemp(folder.data()) != nullptr && mkdir((folder + "/site").c_str(), 0777) == 0, "no folder");
+        Expect(mkdtemp(folder.data()) != nullptr && mkdir((folder + "/site").c_str(), 0777) == 0, "no folder");
         return folder;
     }();
     return path;
@@ -70,12 +63,12 @@ void TestMasthead(ConstData headers) {
     {
         const std::unique_ptr<FILE, int (*)(FILE*)> file(std::fopen((DataFolder() + "/site/Masthead").c_str(), "wb"),
                                                          std::fclose);
-        Require(file != nullptr && std::fwrite(text.data(), 1, text.size(), file.get()) == text.size(), "no file");
+        Expect(file != nullptr && std::fwrite(text.data(), 1, text.size(), file.get()) == text.size(), "no file");
     }
     const std::vector<SiteMap> sites = SitesInDataFolder(FileLocation(DataFolder()));
-    Require(sites.size() == 1 && sites[0].folderName == "site", "the site is lost");
-    Require(!sites[0].name.empty() && sites[0].name.size() <= 256, "a name out of bounds");
-    Require(!sites[0].url || (!sites[0].url->empty() && sites[0].url->size() <= 256), "a url out of bounds");
+    Expect(sites.size() == 1 && sites[0].folderName == "site", "the site is lost");
+    Expect(!sites[0].name.empty() && sites[0].name.size() <= 256, "a name out of bounds");
+    Expect(!sites[0].url || (!sites[0].url->empty() && sites[0].url->size() <= 256), "a url out of bounds");
 }
 
 void TestLockState(ConstData text) {
@@ -84,14 +77,14 @@ void TestLockState(ConstData text) {
     if (!state) {
         return;
     }
-    Require(given.compare(0, state->Text().size(), state->Text()) == 0, "a state that was not said");
+    Expect(given.compare(0, state->Text().size(), state->Text()) == 0, "a state that was not said");
     state->ExpirationDate();
     state->EffectiveDate();
     const std::optional<std::string_view> controller = state->Controller();
-    Require(!controller || given.find("controller=" + std::string(*controller)) != std::string::npos,
-            "a controller that was not said");
+    Expect(!controller || given.find("controller=" + std::string(*controller)) != std::string::npos,
+           "a controller that was not said");
     const std::optional<std::string_view> words = state->LockString();
-    Require(!words || given.find("text=" + std::string(*words)) != std::string::npos, "words that were not said");
+    Expect(!words || given.find("text=" + std::string(*words)) != std::string::npos, "words that were not said");
 }
 
 }  // namespace

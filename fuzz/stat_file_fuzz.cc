@@ -5,21 +5,15 @@
 // stands in its field.
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "client/process_table.h"
 #include "client/stat_file.h"
+#include "fuzz/expect.h"
 
 namespace {
-
-void Expect(bool holds) {
-    if (!holds) {
-        std::abort();
-    }
-}
 
 void ReadStatFileBytes(std::string_view bytes) {
     const std::vector<StatRecord> records = ParseStatFile(bytes);

@@ -4,20 +4,14 @@
 // when the same field comes in two runs.
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 
 #include "foundation/content_type_receiver.h"
 #include "foundation/hash_algorithm_receiver.h"
 #include "foundation/structured_field_maker.h"
+#include "fuzz/expect.h"
 
 namespace {
-
-void Require(bool condition) {
-    if (!condition) {
-        std::abort();
-    }
-}
 
 // Writes down all that it is told.
 class Record final : public StructuredFieldReceiver, private DataReceiver {
@@ -33,20 +27,20 @@ public:
 
 private:
     DataReceiver& Say(const std::string& what) {
-        Require(!inLexeme_);
+        Expect(!inLexeme_);
         text += what;
         return *this;
     }
     void Start() override {
-        Require(!inLexeme_);
+        Expect(!inLexeme_);
         inLexeme_ = true;
     }
     void Data(const unsigned char* begin, const unsigned char* end) override {
-        Require(inLexeme_ && begin < end);
+        Expect(inLexeme_ && begin < end);
         text.append(begin, end);
     }
     void Finish() override {
-        Require(inLexeme_);
+        Expect(inLexeme_);
         inLexeme_ = false;
         text += '}';
     }
@@ -71,7 +65,7 @@ std::string Read(ConstData field, size_t cut) {
     std::string outcome = record.text + " " + std::to_string(type.ContentType());
     for (const ConstData token : {type.MainType(), type.Subtype(), type.Boundary(), type.Type(), type.Charset(),
                                   type.MicAlg(), type.Protocol()}) {
-        Require(token.Length() <= 80);
+        Expect(token.Length() <= 80);
         outcome.append(" ").append(token.View());
     }
 
@@ -88,6 +82,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         return 0;
     }
     const ConstData field(data + 1, data + size);
-    Require(Read(field, data[0] % (field.Length() + 1)) == Read(field, 0));
+    Expect(Read(field, data[0] % (field.Length() + 1)) == Read(field, 0));
     return 0;
 }

@@ -4,11 +4,11 @@
 // comes in two runs; and what was accepted and has a printed form must be read from that as the same value.
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <limits>
 #include <string>
 
 #include "foundation/stack_allocator.h"
+#include "fuzz/expect.h"
 #include "values/inspector_date.h"
 #include "values/interval_language.h"
 #include "values/time_interval.h"
@@ -16,12 +16,6 @@
 #include "values/time_of_day.h"
 
 namespace {
-
-void Require(bool holds) {
-    if (!holds) {
-        std::abort();
-    }
-}
 
 template <class Lexer>
 void FeedInTwo(Lexer& lexer, ConstData text, size_t cut) {
@@ -37,16 +31,16 @@ void LookAtInterval(ConstData text, size_t cut) {
     IntervalParser parser(automaton);
     IntervalLexer lexer(parser);
     FeedInTwo(lexer, text, cut);
-    Require(parser.Accepted() == whole.has_value() && parser.Accepted() != parser.Failed());
+    Expect(parser.Accepted() == whole.has_value() && parser.Accepted() != parser.Failed());
     if (!whole) {
         return;
     }
-    Require(automaton.Microseconds() == *whole);
+    Expect(automaton.Microseconds() == *whole);
     // A fraction is cut to the microsecond as it is read, and the greatest counts pass the doubles' exactness.
     const std::optional<time_interval> read = ParseTimeInterval(TimeIntervalText(time_interval(*whole)));
-    Require(read.has_value());
+    Expect(read.has_value());
     if (*whole % 1000000 == 0) {
-        Require(read->Microseconds() == *whole);
+        Expect(read->Microseconds() == *whole);
     }
 }
 
@@ -64,20 +58,20 @@ void LookAtTime(TimeGrammar grammar, ConstData text, size_t cut) {
     TimeParser parser(grammar, automaton);
     TimeLexer lexer(parser);
     FeedInTwo(lexer, text, cut);
-    Require(parser.Accepted() == (whole.Failure() != TimeTextFailure::ParsingFailure));
-    Require(parser.Accepted() != parser.Failed());
-    Require(!parser.Accepted() || SameText(automaton, whole));
+    Expect(parser.Accepted() == (whole.Failure() != TimeTextFailure::ParsingFailure));
+    Expect(parser.Accepted() != parser.Failed());
+    Expect(!parser.Accepted() || SameText(automaton, whole));
     if (!whole.Good()) {
         return;
     }
-    Require(Calendar::Exists(whole.Date()) && whole.ClockSeconds() < 86400);
+    Expect(Calendar::Exists(whole.Date()) && whole.ClockSeconds() < 86400);
     if (grammar == TimeGrammar::kDate) {
         const inspector_date date(whole.Date());
-        Require(ParseDate(DateText(date)) == date);
+        Expect(ParseDate(DateText(date)) == date);
     }
     if (grammar == TimeGrammar::kTimeOfDay) {
         const time_of_day time = time_of_day::OfSeconds(whole.ClockSeconds());
-        Require(ParseTimeOfDay(TimeOfDayText(time)) == time);
+        Expect(ParseTimeOfDay(TimeOfDayText(time)) == time);
     }
 }
 

@@ -4,7 +4,6 @@
 // after the other read back as they were; and any text at all reads back as the one item that it was written as.
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <functional>
 #include <optional>
 #include <string>
@@ -12,16 +11,11 @@
 #include <vector>
 
 #include "foundation/tuple_text.h"
+#include "fuzz/expect.h"
 
 namespace {
 
 using Items = std::vector<std::string_view>;
-
-void Expect(bool holds) {
-    if (!holds) {
-        std::abort();
-    }
-}
 
 // The items, none for a text that is malformed.
 std::optional<Items> ItemsOf(std::string_view text) {

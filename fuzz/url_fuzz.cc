@@ -12,14 +12,9 @@
 #include "foundation/file_url.h"
 #include "foundation/url_filters.h"
 #include "foundation/url_info.h"
+#include "fuzz/expect.h"
 
 namespace {
-
-void Require(bool condition) {
-    if (!condition) {
-        std::abort();
-    }
-}
 
 std::string PutTogether(const URLInfo& url) {
     std::string text;
@@ -35,7 +30,7 @@ std::string PutTogether(const URLInfo& url) {
         if (url.HasPort()) {
             authority.append(":").append(url.PortText().View());
         }
-        Require(authority == url.Authority().View());
+        Expect(authority == url.Authority().View());
         text.append("//").append(authority);
     }
     text.append(url.HasPath() ? url.Path().View() : std::string_view());
@@ -68,7 +63,7 @@ void WalkThePath(const URLInfo& url) {
         length += path.Current().range.Length() + 1;
         ++steps;
     }
-    Require(length == (url.HasPath() ? url.Path().Length() + 1 : 0));
+    Expect(length == (url.HasPath() ? url.Path().Length() + 1 : 0));
     for (; steps != 0; --steps) {
         path.Backward();
     }
@@ -92,7 +87,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const URLInfo base(text.substr(0, baseLength));
     const URLInfo reference(text.substr(baseLength));
     for (const URLInfo& url : {base, reference}) {
-        Require(PutTogether(url) == url.Text().View());
+        Expect(PutTogether(url) == url.Text().View());
         WalkThePath(url);
         if (url.HasPort()) {
             try {
@@ -106,24 +101,24 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     }
 
     const std::string combined = URLInfo::Combine(base, reference);
-    Require(combined.size() <= text.size() + 4);
+    Expect(combined.size() <= text.size() + 4);
     const std::string path = URLInfo::RemoveDotSegments(text);
-    Require(URLInfo::RemoveDotSegments(path) == path);
+    Expect(URLInfo::RemoveDotSegments(path) == path);
 
     URLDecoder decoder;
     URLDecoder narrowDecoder;
-    Require(Filtered(narrowDecoder, text, room) == Filtered(decoder, text, 256));
+    Expect(Filtered(narrowDecoder, text, room) == Filtered(decoder, text, 256));
     URLEncoder encoder;
     const std::string encoded = Filtered(encoder, text, 256);
     URLEncoder narrowEncoder;
-    Require(Filtered(narrowEncoder, text, room) == encoded);
+    Expect(Filtered(narrowEncoder, text, room) == encoded);
     decoder.Reset();
-    Require(Filtered(decoder, encoded, room) == text);
+    Expect(Filtered(decoder, encoded, room) == text);
 
     const std::string fileURL = FileURL(text);
     if (!text.empty()) {
         const std::string place = text.front() == '/' ? std::string(text) : "/" + std::string(text);
-        Require(FileLocationOfURL(URLInfo(fileURL)).Text() == FileLocation(place).Text());
+        Expect(FileLocationOfURL(URLInfo(fileURL)).Text() == FileLocation(place).Text());
     }
     return 0;
 }

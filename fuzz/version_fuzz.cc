@@ -6,23 +6,17 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
 #include <string>
 #include <string_view>
 
 #include "foundation/stack_allocator.h"
+#include "fuzz/expect.h"
 #include "values/site_version_list.h"
 #include "values/version.h"
 #include "values/version_text_rule.h"
 
 namespace {
-
-void Expect(bool holds) {
-    if (!holds) {
-        std::abort();
-    }
-}
 
 template <class Version>
 void ExpectLaws(const Version& a, const Version& b) {

@@ -375,23 +375,24 @@ grep -qi '^MemShared:\|^Mem:' /proc/meminfo || echo False | expect 'exists share
 
 sleep 300 &
 sleeper=$!
-cp "$(command -v sleep)" "$folder/odd name"
-FOO='a=b' BAR= "$folder/odd name" 301 &
+odd_name="odd name $$"
+cp "$(command -v sleep)" "$folder/$odd_name"
+FOO='a=b' BAR= "$folder/$odd_name" 301 &
 odd=$!
 trap 'kill $sleeper $odd 2>/dev/null; rm -rf "$folder"' EXIT
 for _ in 1 2 3 4 5 6 7 8 9 10; do
-    [ "$(readlink "/proc/$odd/exe")" = "$folder/odd name" ] && [ "$(basename "$(readlink /proc/$sleeper/exe)")" != bash ] && break
+    [ "$(readlink "/proc/$odd/exe")" = "$folder/$odd_name" ] && [ "$(basename "$(readlink /proc/$sleeper/exe)")" != bash ] && break
     sleep 0.1
 done
 basename "$(readlink /proc/$sleeper/exe)" | expect "name of process $sleeper"
-echo 'odd name' | expect "name of process $odd"
+echo "$odd_name" | expect "name of process $odd"
 tr '\0' '\n' </proc/$odd/cmdline | expect "command line arguments of process $odd"
 tr '\0' '\n' </proc/$odd/cmdline | sed -n 2p | expect "command line argument 2 of process $odd"
 echo 'a=b' | expect "value of variable \"FOO\" of environment of process $odd"
 tr '\0' '\n' </proc/$odd/environ | sed 's/=.*//' | expect "names of variables of environment of process $odd"
 tr '\0' '\n' </proc/$odd/environ | sed 's/^[^=]*=//' | expect "values of variables of environment of process $odd"
 tr '\0' '\n' </proc/$odd/environ | sed 's/=/ = /' | expect "variables of environment of process $odd"
-echo $odd | expect 'pids of processes "odd name"'
+echo $odd | expect "pids of processes \"$odd_name\""
 echo True | expect "exists (pids of processes) whose (it = $odd)"
 printf '%s\n' "${PATH}" | expect 'value of variable "PATH" of environment'
 printf 'ONE = 1\nTWO = a=b\nNONE = \n' >"$folder/variables"
@@ -413,7 +414,7 @@ listing >"$folder/before"
 ask '(id of it as string & " " & name of it) of processes' >"$folder/listed"
 listing >"$folder/after"
 grep -xFf "$folder/before" "$folder/after" >"$folder/stayed"
-grep -q " odd name$" "$folder/stayed" && grep -xFf "$folder/stayed" "$folder/listed" | diff "$folder/stayed" - ||
+grep -q " $odd_name\$" "$folder/stayed" && grep -xFf "$folder/stayed" "$folder/listed" | diff "$folder/stayed" - ||
     { failed=$((failed + 1)); echo 'the processes are others than those of /proc'; }
 checked=$((checked + 1))
 # A kernel thread and a process that is none have no executable.
