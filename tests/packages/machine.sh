@@ -21,6 +21,11 @@ work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 failed=0
 
+# A cache that is kept from question to question: some images switch apt's own off.
+mkdir -p "$work/apt/parts"
+printf 'Dir::Etc::parts "%s";\nDir::Cache "%s";\n' "$work/apt/parts" "$work/apt" >"$work/apt/apt.conf"
+export APT_CONFIG=$work/apt/apt.conf
+
 # asked QUESTION: the answers.
 asked() {
     printf 'Q: %s\n' "$1" >"$work/question"
