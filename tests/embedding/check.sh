@@ -26,7 +26,7 @@ mkdir "$work/project"
 ln -s "$source" "$work/project/zendry"
 blocks CMakeLists.txt >"$work/project/CMakeLists.txt"
 blocks ask.cc >"$work/project/ask.cc"
-if ! cmake -S "$work/project" -B "$work/build" >"$work/configured" 2>&1; then
+if ! cmake -G Ninja -S "$work/project" -B "$work/build" >"$work/configured" 2>&1; then
     cat "$work/configured"
     echo "the CMake lines of the page do not configure a project"
     failed=1

@@ -58,7 +58,7 @@ names() { sed 's|.*/||'; }
 # The long listing's letters without the one for the type.
 letters() { stat -L -c %A "$1" | cut -c2-; }
 octal() { printf '%04o\n' "$((0$(stat -L -c %a "$1")))"; }
-sum() { awk '{ total += $1 } END { printf "%d\n", total }'; }
+sum() { awk '{ total += $1 } END { printf "%.0f\n", total }'; }
 
 expect '(size of it, user name of it, group name of it, mode of it, mode of it as octal string) of file "/etc/passwd"' \
     <<<"$(stat -L -c '%s, %U, %G' /etc/passwd), $(letters /etc/passwd), $(octal /etc/passwd)"

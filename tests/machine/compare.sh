@@ -348,7 +348,7 @@ if has lscpu; then
     lscpu -p=CPU | grep -vc '^#' | expect 'number of processors'
 fi
 
-bytes() { awk -v key="$1:" '$1 == key { printf "%d\n", $2 * 1024; exit }' /proc/meminfo; }
+bytes() { awk -v key="$1:" '$1 == key { printf "%.0f\n", $2 * 1024; exit }' /proc/meminfo; }
 bytes MemTotal | expect 'size of ram'
 bytes MemTotal | expect 'total amount of random access memory'
 bytes SwapTotal | expect 'total amount of swap'
