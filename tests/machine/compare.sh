@@ -357,7 +357,7 @@ figures() {
     awk -v keys="$*" '
         BEGIN { for (n = split(keys, key, " "); n; n--) { sign[substr(key[n], 2) ":"] = substr(key[n], 1, 1) "1" } }
         $1 in sign { sum += sign[$1] * $2 * 1024 }
-        END { printf "%d\n", sum }' /proc/meminfo
+        END { printf "%.0f\n", sum }' /proc/meminfo
 }
 expect_of_now 'free amount of ram' figures +MemFree
 expect_of_now 'used amount of ram' figures +MemTotal -MemFree
