@@ -15,7 +15,8 @@ void ConversionBase::BindCast(StackAllocatorBase& allocator) {
     slot_.Reserve(type_, allocator);
     byParts_ = cast_->dependencies != nullptr && operand_->CanFingerprint();
     completeDependencies_ = cast_->dependencies != nullptr && operand_->HasCompleteDependencies();
-    settled_ = operand_->IsSettled() && slot_.destroy == nullptr;
+    // A cast of plural items has no value, and no failure, where the one item does not convert.
+    settled_ = operand_->IsSettled() && !operand_->IsPlural() && slot_.destroy == nullptr;
     settledOperand_.Bind(operand_);
 }
 

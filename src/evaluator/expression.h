@@ -93,8 +93,9 @@ public:
     // The node can contribute to a fingerprint, by its parts or by its value.  Known once bound.
     bool CanFingerprint() const { return byParts_ || type_->fingerprint != nullptr; }
 
-    // The node gives one value at most, and stopping it has no effect beyond forgetting that value: it and all below it
-    // are constants, `it`, or operators on such.  Its holder may forget it without a call.
+    // The node gives one value at most, and none only where that is a missing value to its holder; stopping it has no
+    // effect beyond forgetting the value: it and all below it are constants, `it`, or operators on such.  Its holder
+    // may forget it without a call.
     bool IsSettled() const { return settled_; }
     void Forget() { slot_.value = nullptr; }
 
