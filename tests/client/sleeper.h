@@ -2,6 +2,7 @@
 #ifndef TESTS_CLIENT_SLEEPER_H
 #define TESTS_CLIENT_SLEEPER_H
 
+#include <gtest/gtest.h>
 #include <signal.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -11,7 +12,8 @@
 
 #include "inspectors/process_walk.h"
 
-// Runs from its making, which waits until the process is that program, until it is ended.
+// Runs from its making, which waits until the process is that program, until it is ended.  A test fails where the
+// program cannot be started.
 class Sleeper {
 public:
     // The copy is left at `program`.
@@ -22,7 +24,12 @@ public:
             execl(program.c_str(), program.c_str(), "600", nullptr);
             _exit(127);
         }
+        int waited = 0;  // milliseconds
         while (ExecutableName("/proc/", std::to_string(process_), 4096) != program.filename()) {
+            if (++waited == 30000) {
+                ADD_FAILURE() << program << " does not run";
+                return;
+            }
             usleep(1000);
         }
     }

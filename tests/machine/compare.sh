@@ -501,9 +501,14 @@ sed -n 's/^module[a-z]* //p' "$menu" | cut -d' ' -f1 | expect "locations of modu
 sed -n 's/^modulenounzip //p' "$menu" | expect "module 2 of bootable image 1 $of_menu"
 sed -n 's/^modulenounzip //p' "$menu" | cut -d' ' -f2 | expect "boot argument of module 2 of bootable image 1 $of_menu"
 printf 'False\nTrue\n' | expect "nounzips of modules of bootable image 1 $of_menu"
-# This machine's own: none without a file in either place, and one that is there otherwise.
-own=$(ask 'paths of grub config files')
-ls /boot/grub/menu.lst /boot/grub/grub.conf 2>/dev/null | { grep -xF -- "$own" || true; } | expect 'paths of grub config files'
+# This machine's own: none without a file in either place.  Where one is there, it may be one that says nothing to this
+# boot loader; which is taken, and which is refused, is asked of made-up machines.
+if ls /boot/grub/menu.lst /boot/grub/grub.conf >/dev/null 2>&1; then
+    echo "this machine has a boot configuration of its own: it is not compared"
+else
+    : | expect 'paths of grub config files'
+    echo False | expect 'exists grub config file'
+fi
 
 # ---- The network -------------------------------------------------------------------------------------------------------
 
